@@ -1,0 +1,80 @@
+// The object behind a document handle.
+//
+// It holds at most one Xerces DOM document. A document built here (create
+// for writing) belongs to the object; a loaded one belongs to the
+// DOMLSParser that built it, which the object keeps and reuses for the next
+// load. Node handles are the Xerces nodes themselves: they die with the
+// document that holds them.
+#pragma once
+
+#include <cstdint>
+
+#include <xercesc/dom/DOM.hpp>
+
+#include "frame/CZUXMLHandle.h"
+#include "frame/buffer.h"
+
+namespace zuxml {
+
+class CZUXMLDocument final : public CZUXMLHandle {
+public:
+    using DOMNode = xercesc::DOMNode;
+
+    CZUXMLDocument() = default;
+    ~CZUXMLDocument() override;
+
+    // Documents and loading.
+    int32_t CreateForWriting(const XMLCh *root, const XMLCh *nameSpace, const XMLCh *systemId);
+    int32_t LoadFromFile(const XMLCh *path);
+    int32_t LoadFromBytes(const void *bytes, uint32_t count);
+    int32_t LoadFromWideText(const XMLCh *text, uint32_t units);
+
+    // Writing.
+    int32_t WriteToFile(const XMLCh *path, bool pretty);
+    int32_t WriteToString(TextResult &text);
+
+    // Node reading.
+    DOMNode *RootNode() const;
+    DOMNode *ParentNode(DOMNode *node) const;
+    DOMNode *PreviousSibling(DOMNode *node) const;
+    DOMNode *NextSibling(DOMNode *node) const;
+    DOMNode *FirstChild(DOMNode *node) const;
+    DOMNode *LastChild(DOMNode *node) const;
+    DOMNode *FindChild(DOMNode *parent, const XMLCh *name) const;
+    uint16_t NodeType(DOMNode *node) const;
+    int32_t NodeName(DOMNode *node, TextResult &text) const;
+    int32_t LocalNodeName(DOMNode *node, TextResult &localName, TextResult &prefix) const;
+    int32_t NodeTextContent(DOMNode *node, TextResult &text) const;
+    int32_t NodeNamespace(DOMNode *node, TextResult &text) const;
+
+    // Node editing.
+    DOMNode *AddNode(DOMNode *parent, const XMLCh *name, uint16_t type, const XMLCh *text, const XMLCh *nameSpace);
+    DOMNode *AddComment(DOMNode *parent, const XMLCh *text);
+    DOMNode *AddNodeExisting(DOMNode *parent, DOMNode *source, int32_t deep);
+    int32_t RemoveNode(DOMNode *node);
+    int32_t SetNodeTextContent(DOMNode *node, const XMLCh *text);
+
+    // Attributes.
+    int32_t AttributeCount(DOMNode *node) const;
+    int32_t AttributeName(DOMNode *node, int32_t index, TextResult &text) const;
+    int32_t AttributeValueAt(DOMNode *node, int32_t index, TextResult &text) const;
+    int32_t AttributeValueNamed(DOMNode *node, const XMLCh *name, TextResult &text) const;
+    int32_t AddAttribute(DOMNode *node, const XMLCh *name, const XMLCh *value);
+    int32_t SetAttributeValue(DOMNode *node, const XMLCh *name, const XMLCh *value);
+    int32_t RemoveAttributeAt(DOMNode *node, int32_t index);
+    int32_t RemoveAttributeNamed(DOMNode *node, const XMLCh *name);
+
+private:
+    void ReleaseContents();
+    int32_t BuildDocument(const XMLCh *root, const XMLCh *nameSpace, const XMLCh *systemId);
+    bool PrepareParser();
+    int32_t Load(xercesc::DOMLSInput *input, const XMLCh *path);
+
+    xercesc::DOMDocument *m_pDocument = nullptr;
+    xercesc::DOMLSParser *m_pParser = nullptr;
+};
+
+// The Xerces DOM implementation for "Core", looked up afresh on each use.
+xercesc::DOMImplementation *CoreImplementation();
+
+} // namespace zuxml

@@ -1,0 +1,58 @@
+// The caller-buffer protocol, written once for every getter of text.
+//
+// A getter's operation produces a TextResult; the wide entry point hands it
+// out with DeliverW and the narrow one with DeliverA:
+//   - an operation that did not answer 1 passes its answer on; DeliverW then
+//     writes nothing, DeliverA leaves the empty string in the buffer;
+//   - a length n <= L (the text's length) is too small, zero and negative
+//     ones included: the length becomes L + 1 and the answer is 0;
+//   - otherwise the text, its terminator and zeros up to n characters are
+//     written (narrow: at most n bytes of the locale's form) and the
+//     length is left as it was.
+// The narrow length counts wide characters, not bytes, because the narrow
+// form is a conversion of what the wide form would have written; callers
+// depend on that, so it is kept.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include <xercesc/util/XercesDefs.hpp>
+
+namespace zuxml {
+
+// Text an operation hands back: a view of a zero-terminated Xerces string
+// that outlives the call, or a string Xerces made for this call and that
+// is released with Xerces' default memory manager when the result dies.
+class TextResult {
+public:
+    TextResult() = default;
+    TextResult(const TextResult &) = delete;
+    TextResult &operator=(const TextResult &) = delete;
+    ~TextResult();
+
+    // Views text; NULL reads as the empty string.
+    void View(const XMLCh *text);
+    // Takes ownership of text made by Xerces' default memory manager.
+    void Adopt(XMLCh *text);
+
+    const XMLCh *Data() const { return m_pText; }
+    size_t Length() const { return m_nLength; }
+
+private:
+    const XMLCh *m_pText = u"";
+    size_t m_nLength = 0;
+    XMLCh *m_pOwned = nullptr;
+};
+
+int32_t DeliverW(int32_t result, const TextResult &text, XMLCh *buffer, int32_t *length);
+int32_t DeliverA(int32_t result, const TextResult &text, char *buffer, int32_t *length);
+
+// The two-output getters: each output under the protocol on its own, the
+// answer 0 when either was too small.
+int32_t DeliverW(int32_t result, const TextResult &first, XMLCh *firstBuffer, int32_t *firstLength,
+                 const TextResult &second, XMLCh *secondBuffer, int32_t *secondLength);
+int32_t DeliverA(int32_t result, const TextResult &first, char *firstBuffer, int32_t *firstLength,
+                 const TextResult &second, char *secondBuffer, int32_t *secondLength);
+
+} // namespace zuxml

@@ -1,0 +1,139 @@
+// The interface has one list of names and ordinals, exports/ZUXML.def; this
+// test keeps every other copy in agreement with it: the linker map, the
+// public header and the dynamic symbols of the built library.
+#include <gtest/gtest.h>
+
+#include <dlfcn.h>
+
+#include <cstdio>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+
+#include "zuxml.h"
+
+namespace {
+
+struct Export {
+    int ordinal;
+    std::string target; // the function the name is bound to
+};
+
+std::string ReadFile(const std::string &path) {
+    std::ifstream in(path);
+    std::stringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+std::map<std::string, Export> DefExports() {
+    std::map<std::string, Export> exports;
+    std::istringstream in(ReadFile(ZUXML_SOURCE_DIR "/exports/ZUXML.def"));
+    const std::regex plain(R"(^\s+(ZuXml\w+)\s+@(\d+)\s*$)");
+    const std::regex alias(R"(^\s+(ZuXml\w+)\s*=\s*(ZuXml\w+)\s+@(\d+)\s*$)");
+    std::string line;
+    std::smatch m;
+    while (std::getline(in, line)) {
+        if (std::regex_match(line, m, plain))
+            exports[m[1]] = {std::stoi(m[2]), m[1]};
+        else if (std::regex_match(line, m, alias))
+            exports[m[1]] = {std::stoi(m[3]), m[2]};
+    }
+    return exports;
+}
+
+std::set<std::string> Names(const std::map<std::string, Export> &exports) {
+    std::set<std::string> names;
+    for (const auto &e : exports)
+        names.insert(e.first);
+    return names;
+}
+
+TEST(ExportTable, HasSixtyFiveNamesWithDistinctOrdinals) {
+    const auto exports = DefExports();
+    EXPECT_EQ(exports.size(), 65u);
+    std::set<int> ordinals;
+    for (const auto &e : exports) {
+        EXPECT_TRUE(ordinals.insert(e.second.ordinal).second) << e.first;
+        const int o = e.second.ordinal;
+        EXPECT_TRUE((o >= 100 && o <= 140) || (o >= 600 && o <= 621) || (o >= 700 && o <= 721)) << e.first;
+    }
+}
+
+TEST(ExportTable, NarrowFormsSitOneHundredBelowTheirWideForms) {
+    const auto exports = DefExports();
+    int pairs = 0;
+    for (const auto &e : exports) {
+        const std::string &name = e.first;
+        const char form = name.back();
+        const int o = e.second.ordinal;
+        if (o >= 700) {
+            ASSERT_EQ(form, 'W') << name;
+            const auto narrow = exports.find(name.substr(0, name.size() - 1) + "A");
+            ASSERT_NE(narrow, exports.end()) << name;
+            EXPECT_EQ(narrow->second.ordinal, o - 100) << name;
+            ++pairs;
+        } else if (o >= 600) {
+            EXPECT_EQ(form, 'A') << name;
+        }
+    }
+    EXPECT_EQ(pairs, 22);
+}
+
+TEST(ExportTable, SharedEntriesAreBoundToOneFunction) {
+    const auto exports = DefExports();
+    EXPECT_EQ(exports.at("ZuXmlSax2Init").target, "ZuXmlInit");
+    EXPECT_EQ(exports.at("ZuXmlSax2Cleanup").target, "ZuXmlCleanup");
+    EXPECT_EQ(exports.at("ZuXmlReleaseSax2Parser").target, "ZuXmlReleaseDocument");
+    EXPECT_EQ(exports.at("ZuXmlGetPriviousSibling").ordinal, 120) << "the name is kept as callers link it";
+}
+
+TEST(ExportTable, LinkerMapListsTheSameNames) {
+    const std::string map = ReadFile(ZUXML_SOURCE_DIR "/exports/zuxml.map");
+    std::set<std::string> names;
+    const std::regex entry(R"((ZuXml\w+);)");
+    for (std::sregex_iterator it(map.begin(), map.end(), entry), end; it != end; ++it)
+        names.insert((*it)[1]);
+    EXPECT_EQ(names, Names(DefExports()));
+}
+
+TEST(ExportTable, HeaderDeclaresEveryNameOnce) {
+    const std::string header = ReadFile(ZUXML_SOURCE_DIR "/include/zuxml.h");
+    std::set<std::string> declared;
+    const std::regex declaration(R"(ZUXML_API\s+[\w\s\*]*?\b(ZuXml\w+)\s*\()");
+    for (std::sregex_iterator it(header.begin(), header.end(), declaration), end; it != end; ++it)
+        EXPECT_TRUE(declared.insert((*it)[1]).second) << (*it)[1] << " is declared twice";
+    EXPECT_EQ(declared, Names(DefExports()));
+}
+
+TEST(ExportTable, LibraryExportsExactlyTheTable) {
+    const std::string command = "nm -D --defined-only '" ZUXML_LIBRARY_FILE "'";
+    FILE *pipe = popen(command.c_str(), "r");
+    ASSERT_NE(pipe, nullptr);
+    std::set<std::string> exported;
+    char line[512];
+    while (fgets(line, sizeof line, pipe)) {
+        std::istringstream fields(line);
+        std::string address, type, name;
+        if (fields >> address >> type >> name)
+            exported.insert(name.substr(0, name.find('@')));
+    }
+    ASSERT_EQ(pclose(pipe), 0) << command;
+    EXPECT_EQ(exported, Names(DefExports()));
+}
+
+TEST(ExportTable, SharedNamesResolveToOneAddress) {
+    void *library = dlopen(ZUXML_LIBRARY_FILE, RTLD_NOW | RTLD_LOCAL);
+    ASSERT_NE(library, nullptr) << dlerror();
+    for (const auto &e : DefExports()) {
+        void *symbol = dlsym(library, e.first.c_str());
+        EXPECT_NE(symbol, nullptr) << e.first;
+        EXPECT_EQ(symbol, dlsym(library, e.second.target.c_str())) << e.first;
+    }
+    dlclose(library);
+}
+
+} // namespace

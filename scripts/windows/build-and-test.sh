@@ -1,0 +1,64 @@
+#!/usr/bin/env bash
+# The Windows build of ZuXml, cross-compiled on Debian 12 and tested under
+# Wine, in one command (as root; installs the Debian packages it lacks):
+#
+#   bash scripts/windows/build-and-test.sh [BUILD_DIR]     (default build-windows)
+#
+# 1. Xerces-C++ 3.2.4 from Debian's source package, cross-built once and
+#    kept in BUILD_DIR/xerces-prefix;
+# 2. GoogleTest from Debian's googletest sources, kept likewise;
+# 3. ZUXML.dll, its tests and the example clients, in BUILD_DIR/zuxml;
+# 4. the tests under wine64 through CTest: the test suite, the ordinal
+#    client, the narrow forms under Windows code pages, and the DLL's
+#    export table against exports/ZUXML.def.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+root=$(pwd)
+build=$(mkdir -p "${1:-build-windows}" && cd "${1:-build-windows}" && pwd)
+export ZUXML_JOBS=${ZUXML_JOBS:-2}
+started=$SECONDS
+
+step() { # name, command...
+  local name=$1 t=$SECONDS rc=0
+  shift
+  echo "== $name"
+  "$@" || rc=$?
+  echo "== $name: $((SECONDS - t)) s$([ "$rc" = 0 ] || echo ", failed ($rc)")"
+  return "$rc"
+}
+
+step "Debian packages" scripts/install-deps.sh \
+  g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 \
+  wine64 dpkg-dev googletest
+step "Xerces-C++ for Windows" scripts/windows/build-deps.sh "$build" xerces
+step "GoogleTest for Windows" scripts/windows/build-deps.sh "$build" googletest
+
+# One Wine prefix for the whole run, made before the tests start so that
+# tests running side by side do not race to create it.
+wine_prefix() {
+  if [ ! -f "$build/wine-prefix/system.reg" ]; then
+    WINEPREFIX="$build/wine-prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" \
+      /usr/lib/wine/wine64 wineboot --init >/dev/null 2>&1 || true
+  fi
+  WINEPREFIX="$build/wine-prefix" /usr/lib/wine/wineserver -w || true
+}
+step "Wine prefix" wine_prefix
+
+configure_and_build() {
+  cmake -S "$root" -B "$build/zuxml" \
+    -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchains/mingw-w64-x86_64.cmake" \
+    -DCMAKE_PREFIX_PATH="$build/xerces-prefix;$build/googletest-prefix" \
+    -DCMAKE_CROSSCOMPILING_EMULATOR="$root/scripts/windows/wine-run.sh;$build" &&
+  nice -n 10 cmake --build "$build/zuxml" --parallel "$ZUXML_JOBS"
+}
+step "ZUXML.dll and its tests" configure_and_build
+
+run_tests() {
+  WINEPREFIX="$build/wine-prefix" ctest --test-dir "$build/zuxml" --output-on-failure --parallel "$ZUXML_JOBS" \
+    --timeout "${ZUXML_TEST_TIMEOUT:-300}"
+}
+status=0
+step "Tests under Wine" run_tests || status=$?
+WINEPREFIX="$build/wine-prefix" /usr/lib/wine/wineserver -k 2>/dev/null || true
+echo "== Windows build and tests: $((SECONDS - started)) s"
+exit "$status"

@@ -33,15 +33,21 @@ step "Debian packages" scripts/install-deps.sh \
 step "Xerces-C++ for Windows" scripts/windows/build-deps.sh "$build" xerces
 step "GoogleTest for Windows" scripts/windows/build-deps.sh "$build" googletest
 
-# One Wine prefix for the whole run, made before the tests start so that
-# tests running side by side do not race to create it.
+# One Wine prefix and one Wine server for the whole run, up before the
+# tests start: tests running side by side then neither race to create the
+# prefix nor meet a server that is shutting down. Wine's own services start
+# here too, away from the tests' output, which they would hold open.
+export WINEPREFIX=$build/wine-prefix
+wineserver=/usr/lib/wine/wineserver
 wine_prefix() {
-  if [ ! -f "$build/wine-prefix/system.reg" ]; then
-    WINEPREFIX="$build/wine-prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" \
-      /usr/lib/wine/wine64 wineboot --init >/dev/null 2>&1 || true
-  fi
-  WINEPREFIX="$build/wine-prefix" /usr/lib/wine/wineserver -w || true
+  "$wineserver" -k 2>/dev/null || true
+  "$wineserver" -w || true
+  "$wineserver" -p &&
+    WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" /usr/lib/wine/wine64 wineboot --init \
+      </dev/null >/dev/null 2>&1
 }
+stop_wine() { "$wineserver" -k 2>/dev/null || true; }
+trap stop_wine EXIT
 step "Wine prefix" wine_prefix
 
 configure_and_build() {
@@ -54,11 +60,10 @@ configure_and_build() {
 step "ZUXML.dll and its tests" configure_and_build
 
 run_tests() {
-  WINEPREFIX="$build/wine-prefix" ctest --test-dir "$build/zuxml" --output-on-failure --parallel "$ZUXML_JOBS" \
+  ctest --test-dir "$build/zuxml" --output-on-failure --parallel "$ZUXML_JOBS" \
     --timeout "${ZUXML_TEST_TIMEOUT:-300}"
 }
 status=0
 step "Tests under Wine" run_tests || status=$?
-WINEPREFIX="$build/wine-prefix" /usr/lib/wine/wineserver -k 2>/dev/null || true
 echo "== Windows build and tests: $((SECONDS - started)) s"
 exit "$status"

@@ -14,6 +14,12 @@ build=$(mkdir -p "$1" && cd "$1" && pwd)
 shift
 toolchain=$root/cmake/toolchains/mingw-w64-x86_64.cmake
 jobs=${ZUXML_JOBS:-2}
+# A prefix is kept while the toolchain file and this script are as they
+# were when it was built.
+recipe=$(cat "$toolchain" "$0" | sha256sum | cut -c1-16)
+
+# Answers whether prefix $1 is complete and was built by this recipe.
+is_current() { [ -f "$1/.complete" ] && [ "$(sed -n 2p "$1/.complete")" = "recipe $recipe" ]; }
 
 # Fetches Debian's source package of $1 into directory $2 with a deb-src
 # twin of the machine's own apt sources: the same mirrors and suites, read
@@ -46,10 +52,11 @@ fetch_debian_source() {
 
 xerces() {
   local prefix=$build/xerces-prefix src=$build/xerces-src tree
-  if [ -f "$prefix/.complete" ]; then
-    echo "Xerces-C++ for Windows: using $prefix ($(cat "$prefix/.complete"))"
+  if is_current "$prefix"; then
+    echo "Xerces-C++ for Windows: using $prefix ($(head -n1 "$prefix/.complete"))"
     return
   fi
+  rm -rf "$prefix" "$build/xerces-build"
   if [ ! -f "$src/.unpacked" ]; then
     rm -rf "$src"
     fetch_debian_source xerces-c "$src"
@@ -72,18 +79,18 @@ xerces() {
   # The src directory installs the library, its headers and its CMake
   # package; the top level would also want the samples built.
   cmake --install "$build/xerces-build/src"
-  basename "$tree" >"$prefix/.complete"
+  printf '%s\nrecipe %s\n' "$(basename "$tree")" "$recipe" >"$prefix/.complete"
   echo "Xerces-C++ for Windows: installed $(basename "$tree") into $prefix"
 }
 
 googletest() {
   local prefix=$build/googletest-prefix version
   version=$(dpkg-query -W -f='${Version}' googletest)
-  if [ -f "$prefix/.complete" ] && [ "$(cat "$prefix/.complete")" = "$version" ]; then
+  if is_current "$prefix" && [ "$(head -n1 "$prefix/.complete")" = "$version" ]; then
     echo "GoogleTest for Windows: using $prefix ($version)"
     return
   fi
-  rm -rf "$prefix"
+  rm -rf "$prefix" "$build/googletest-build"
   # Static libraries, as the Linux build links them; Windows threads, so no
   # pthread library is needed.
   cmake -S /usr/src/googletest -B "$build/googletest-build" \
@@ -94,7 +101,7 @@ googletest() {
     -Dgtest_disable_pthreads=ON
   nice -n 10 cmake --build "$build/googletest-build" --parallel "$jobs"
   cmake --install "$build/googletest-build"
-  echo "$version" >"$prefix/.complete"
+  printf '%s\nrecipe %s\n' "$version" "$recipe" >"$prefix/.complete"
   echo "GoogleTest for Windows: installed $version into $prefix"
 }
 

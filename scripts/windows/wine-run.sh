@@ -4,8 +4,8 @@
 #
 #   scripts/windows/wine-run.sh BUILD_DIR PROGRAM [ARGUMENTS...]
 #
-# ZUXML.dll, Xerces' DLL and the MinGW runtime DLLs are found through
-# WINEPATH; the Wine prefix lives in BUILD_DIR/wine-prefix unless WINEPREFIX
+# ZUXML.dll and Xerces' DLL are found through WINEPATH (the MinGW runtime
+# is linked into each module); the Wine prefix lives in BUILD_DIR/wine-prefix unless WINEPREFIX
 # names another. Output lines end in LF, as CTest and GoogleTest's test
 # discovery read them.
 set -euo pipefail
@@ -17,7 +17,7 @@ export WINEPREFIX=${WINEPREFIX:-$build/wine-prefix}
 export WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
 winepath=
-for dir in "$build/zuxml" "$build/xerces-prefix/bin" /usr/lib/gcc/x86_64-w64-mingw32/*-posix /usr/x86_64-w64-mingw32/lib; do
+for dir in "$build/zuxml" "$build/xerces-prefix/bin"; do
   [ -d "$dir" ] && winepath+="${winepath:+;}Z:${dir//\//\\}"
 done
 export WINEPATH="$winepath${WINEPATH:+;$WINEPATH}"

@@ -45,10 +45,6 @@ std::optional<std::pair<WString, WString>> LocalNameAndPrefix(ZuXmlDocument docu
     return std::make_pair(WString(local), WString(prefix));
 }
 
-std::optional<WString> Serialised(ZuXmlDocument document) {
-    return ReadAll<ZuXmlWChar>([&](ZuXmlWChar *b, int32_t *n) { return ZuXmlWriteToStringW(document, b, n); });
-}
-
 ZuXmlNode Child(ZuXmlDocument document, ZuXmlNode parent, const char16_t *name) {
     return ZuXmlFindChildW(document, parent, W(name).c_str());
 }

@@ -59,7 +59,10 @@ std::optional<WString> TextContent(ZuXmlDocument document, ZuXmlNode node);
 std::optional<WString> Namespace(ZuXmlDocument document, ZuXmlNode node);
 // Local name and prefix, read with buffers large enough for both.
 std::optional<std::pair<WString, WString>> LocalNameAndPrefix(ZuXmlDocument document, ZuXmlNode node);
-std::optional<WString> Serialised(ZuXmlDocument document);
+// The document as ZuXmlWriteToStringW gives it.
+inline std::optional<WString> Serialised(ZuXmlDocument document) {
+    return ReadAll<ZuXmlWChar>([&](ZuXmlWChar *b, int32_t *n) { return ZuXmlWriteToStringW(document, b, n); });
+}
 
 // Node lookup by name below parent (NULL: the root element).
 ZuXmlNode Child(ZuXmlDocument document, ZuXmlNode parent, const char16_t *name);

@@ -29,8 +29,7 @@ case "${1:-}" in
   sanitize)
     scripts/install-deps.sh
     configure_and_build build-sanitize -DCMAKE_BUILD_TYPE=Debug -DZUXML_SANITIZE=address,undefined
-    ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
-      ctest --test-dir build-sanitize --output-on-failure --parallel "$jobs"
+    ctest --test-dir build-sanitize --output-on-failure --parallel "$jobs"
     ;;
   *)
     echo "usage: $0 example|test|sanitize" >&2

@@ -49,6 +49,11 @@ using zuxml_test::Untouched;
     return ::testing::AssertionSuccess();
 }
 
+// A test program instantiates only the suites its operations need.
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(FailsForNullNode);
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(FailsWithoutDocument);
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(FailsForNullDocument);
+
 std::string CallName(const ::testing::TestParamInfo<FailingCall> &info) { return info.param.label; }
 
 TEST_P(FailsForNullNode, AnswersTheFailureValue) {

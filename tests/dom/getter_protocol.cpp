@@ -19,6 +19,12 @@ size_t BufferSize(int32_t length) { return static_cast<size_t>(std::max(length, 
 
 } // namespace
 
+// A test program instantiates only the suites its getters need.
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(WideGetterProtocol);
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(NarrowGetterProtocol);
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(GetterRetry);
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(MultibyteNarrowGetter);
+
 std::string GetterName(const ::testing::TestParamInfo<GetterCase> &info) { return info.param.label; }
 
 std::string WideName(const ::testing::TestParamInfo<std::tuple<GetterCase, LengthCase>> &info) {

@@ -348,6 +348,37 @@ TEST(RemoveAttributeIndex, RemovesByTheQualifiedName) {
     EXPECT_EQ(Names(document, root), List({u"xmlns:p"}));
 }
 
+// --- Read-only elements --------------------------------------------------------------
+
+// The children of an entity reference are read-only in Xerces.
+class ReadOnlyAttributes : public ::testing::Test {
+protected:
+    Document document = Loaded("<!DOCTYPE r [<!ENTITY e \"<x a='1' b='2'/>\">]><r>&e;</r>");
+    ZuXmlNode x = ZuXmlGetFirstChild(document, ZuXmlGetFirstChild(document, nullptr));
+    std::optional<WString> before = Serialised(document);
+
+    void SetUp() override { ASSERT_EQ(NodeName(document, x), W(u"x")); }
+};
+
+TEST_F(ReadOnlyAttributes, AreReadAsUsual) {
+    EXPECT_EQ(ZuXmlGetNodeAttributeCount(document, x), 2);
+    EXPECT_EQ(ValueOf(document, x, u"b"), W(u"2"));
+}
+
+TEST_F(ReadOnlyAttributes, AddingAndRemovingAnswerZero) {
+    EXPECT_EQ(Add(document, x, u"c", u"3"), 0);
+    EXPECT_EQ(Add(document, x, u"a", u"changed"), 0);
+    EXPECT_EQ(RemoveNamed(document, x, u"a"), 0);
+    EXPECT_EQ(ZuXmlRemoveAttributeIndex(document, x, 0), 0);
+    EXPECT_EQ(Serialised(document), before);
+}
+
+TEST_F(ReadOnlyAttributes, ChangingAValueLetsTheDomExceptionPassOut) {
+    // ZuXmlSetNodeAttributeValueW alone catches nothing.
+    EXPECT_ANY_THROW(Set(document, x, u"a", u"changed"));
+    EXPECT_EQ(ValueOf(document, x, u"a"), W(u"1"));
+}
+
 // --- Failure values ----------------------------------------------------------------
 
 #define ATTRIBUTE_READER_FAILS(function, ...)                                                                      \

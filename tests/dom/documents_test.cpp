@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <dlfcn.h>
 
 #include "dom_support.h"
 
@@ -156,6 +157,13 @@ TEST(LoadFromFile, NarrowPathIsConvertedInTheLocale) {
     ASSERT_TRUE(locale.ok());
     ASSERT_EQ(ZuXmlLoadFromFileA(document, path.c_str()), 1);
     EXPECT_EQ(NodeName(document, ZuXmlGetRootNode(document)), W(u"accented"));
+}
+
+TEST(LoadFromFile, FileUriIsAcceptedToo) {
+    const std::string uri = "file://" + std::filesystem::absolute(DataFile("sample.xml")).string();
+    Document document(ZuXmlCreateDocument());
+    ASSERT_EQ(ZuXmlLoadFromFileA(document, uri.c_str()), 1) << uri;
+    EXPECT_EQ(NodeName(document, ZuXmlGetRootNode(document)), W(u"catalog"));
 }
 
 TEST(LoadFromFile, MissingFileAnswersZeroAndHoldsNoDocument) {
@@ -366,6 +374,26 @@ TEST(ReleaseDocument, AnswersOneForEveryState) {
     ZuXmlDocument parserOnly = ZuXmlCreateDocument();
     ASSERT_EQ(ZuXmlLoadFromBufA(parserOnly, "<r>", 3), 0);
     EXPECT_EQ(ZuXmlReleaseDocument(parserOnly), 1) << "after a failed load";
+}
+
+TEST(ReleaseDocument, ParserReleaseEntryDestroysADocument) {
+    ZuXmlDocument loaded = ZuXmlCreateDocument();
+    ASSERT_EQ(ZuXmlLoadFromBufA(loaded, "<r><a/></r>", 11), 1);
+    EXPECT_EQ(ZuXmlReleaseSax2Parser(loaded), 1);
+    EXPECT_EQ(ZuXmlReleaseSax2Parser(ZuXmlCreateWriteDocumentA("r", nullptr, "r.dtd")), 1);
+}
+
+TEST(ReleaseDocument, DocumentReleaseEntryDestroysAParser) {
+    // Looked up at run time, so that this program runs before the streaming
+    // parser is part of the library.
+    using CreateParser = ZuXmlSax2Parser (*)(void *);
+    auto create = reinterpret_cast<CreateParser>(dlsym(RTLD_DEFAULT, "ZuXmlCreateSax2Parser"));
+    if (create == nullptr)
+        GTEST_SKIP() << "the library has no ZuXmlCreateSax2Parser yet";
+    int context = 0;
+    ZuXmlSax2Parser parser = create(&context);
+    ASSERT_NE(parser, nullptr);
+    EXPECT_EQ(ZuXmlReleaseDocument(parser), 1);
 }
 
 } // namespace

@@ -376,6 +376,14 @@ TEST(RemoveNode, RootElementLeavesADocumentWithoutRoot) {
     EXPECT_EQ(Serialised(document), W(kDeclaration));
 }
 
+TEST(RemoveNode, NodeOfAnotherDocumentIsRemovedFromItsOwn) {
+    Document document = Loaded("<r/>");
+    Document other = Loaded("<o><x/><y/></o>");
+    EXPECT_EQ(ZuXmlRemoveNode(document, Child(other, nullptr, u"x")), 1);
+    EXPECT_EQ(Serialised(other), W(kDeclaration) + W(u"<o><y/></o>"));
+    EXPECT_EQ(Serialised(document), W(kDeclaration) + W(u"<r/>"));
+}
+
 TEST(RemoveNode, DocumentNodeAnswersZero) {
     Document document = Loaded("<r/>");
     Unchanged unchanged(document);
@@ -438,6 +446,46 @@ TEST(SetNodeTextContentNarrow, TextIsConvertedInTheLocale) {
     EXPECT_EQ(TextContent(document, ZuXmlGetRootNode(document)), W(u"caf\u00e9"));
     ASSERT_EQ(ZuXmlSetNodeTextContentA(document, ZuXmlGetRootNode(document), "bad\xff"), 1);
     EXPECT_EQ(TextContent(document, ZuXmlGetRootNode(document)), W(u"")) << "invalid in the locale: empty";
+}
+
+// --- Read-only nodes ----------------------------------------------------------------
+
+// The children of an entity reference are read-only in Xerces: every change
+// raises a DOM exception, which each edit turns into its failure value.
+class ReadOnlyElement : public ::testing::Test {
+protected:
+    Document document = Loaded("<!DOCTYPE r [<!ENTITY e \"<x a='1'>t</x>\">]><r>&e;<free/></r>");
+    ZuXmlNode reference = ZuXmlGetFirstChild(document, nullptr);
+    ZuXmlNode x = ZuXmlGetFirstChild(document, reference);
+    Unchanged unchanged{document};
+
+    void SetUp() override {
+        ASSERT_EQ(ZuXmlGetNodeType(document, reference), 5);
+        ASSERT_EQ(NodeName(document, x), W(u"x"));
+    }
+};
+
+TEST_F(ReadOnlyElement, AddingUnderItGivesNullAndLeavesNoNode) {
+    EXPECT_EQ(AddElement(document, x, u"item", 1, u"text"), nullptr);
+    EXPECT_EQ(AddComment(document, x, u"c"), nullptr);
+    EXPECT_EQ(ZuXmlAddNodeExisting(document, x, Child(document, nullptr, u"free"), 1), nullptr);
+    EXPECT_TRUE(unchanged());
+}
+
+TEST_F(ReadOnlyElement, RemovingItAnswersZero) {
+    EXPECT_EQ(ZuXmlRemoveNode(document, x), 0);
+    EXPECT_TRUE(unchanged());
+}
+
+TEST_F(ReadOnlyElement, SettingItsTextAnswersZero) {
+    EXPECT_EQ(ZuXmlSetNodeTextContentW(document, x, W(u"new").c_str()), 0);
+    EXPECT_EQ(ZuXmlSetNodeTextContentA(document, x, nullptr), 0);
+    EXPECT_TRUE(unchanged());
+}
+
+TEST_F(ReadOnlyElement, TheReferenceItselfCanBeRemoved) {
+    EXPECT_EQ(ZuXmlRemoveNode(document, reference), 1);
+    EXPECT_EQ(ZuXmlGetFirstChild(document, nullptr), Child(document, nullptr, u"free"));
 }
 
 // --- Failure values --------------------------------------------------------------

@@ -37,9 +37,11 @@ struct LengthCase {
     int32_t For(int32_t textLength) const { return static_cast<int32_t>(fromLength * textLength + offset); }
 };
 
-// L: too small by one; L + 1: exact; L + 6: larger; 0 and negative: too small.
+// L: too small by one; L + 1: exact; L + 5 and L + 6: larger; 0 and
+// negative: too small.
 const LengthCase kWideLengths[] = {
-    {"TextLength", 1, 0, false},   {"TextLengthPlusOne", 1, 1, true}, {"Larger", 1, 6, true},
+    {"TextLength", 1, 0, false},   {"TextLengthPlusOne", 1, 1, true}, {"TextLengthPlusFive", 1, 5, true},
+    {"Larger", 1, 6, true},
     {"Zero", 0, 0, false},         {"MinusOne", 0, -1, false},        {"MinusSeven", 0, -7, false},
     {"MostNegative", 0, INT32_MIN, false},
 };

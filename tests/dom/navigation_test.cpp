@@ -198,6 +198,7 @@ TEST(EmptyRoot, FirstChildAndChildSearchFindNothing) {
     Document document = Loaded("<r/>");
     EXPECT_EQ(ZuXmlGetFirstChild(document, nullptr), nullptr);
     EXPECT_EQ(Child(document, nullptr, u"#text"), nullptr);
+    EXPECT_EQ(ZuXmlFindChildW(document, nullptr, nullptr), nullptr) << "the name is not read without children";
 }
 
 } // namespace

@@ -45,6 +45,8 @@ int32_t PrefixA(ZuXmlDocument d, char *b, int32_t *n) {
     [](ZuXmlDocument d, auto *b, int32_t *n) { return function(d, ZuXmlGetRootNode(d), b, n); }
 
 const GetterCase kPropertyGetters[] = {
+    // Five units: 5 is too small and reports 6, 6 fits, 10 is padded with zeros.
+    {"NodeNameOfFiveUnits", "<hello/>", ROOT_GETTER(ZuXmlGetNodeNameW), ROOT_GETTER(ZuXmlGetNodeNameA), u"hello"},
     {"NodeName", "<p:entry xmlns:p=\"urn:p\"/>", ROOT_GETTER(ZuXmlGetNodeNameW), ROOT_GETTER(ZuXmlGetNodeNameA),
      u"p:entry"},
     {"TextContent", "<r>hello <b>world</b></r>", ROOT_GETTER(ZuXmlGetNodeTextContentW),

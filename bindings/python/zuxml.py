@@ -249,6 +249,13 @@ def _read_text(getter, *args):
 # ---------------------------------------------------------------------------
 # DOM
 
+def _navigation(export, doc):
+    """A Node property answered by one of the library's navigation functions."""
+    def get(node):
+        return node._node(getattr(library(), export)(*node._args()))
+    return property(get, doc=doc)
+
+
 class Node:
     """A node of a Document's tree: a handle valid while the node is in the tree.
 
@@ -341,26 +348,12 @@ class Node:
         if not library().ZuXmlSetNodeTextContentW(*self._args(), _wide(value)):
             raise ZuXmlError("cannot set the text content")
 
-    # Navigation
-    @property
-    def parent(self):
-        return self._node(library().ZuXmlGetParentNode(*self._args()))
-
-    @property
-    def previous_sibling(self):
-        return self._node(library().ZuXmlGetPriviousSibling(*self._args()))
-
-    @property
-    def next_sibling(self):
-        return self._node(library().ZuXmlGetNextSibling(*self._args()))
-
-    @property
-    def first_child(self):
-        return self._node(library().ZuXmlGetFirstChild(*self._args()))
-
-    @property
-    def last_child(self):
-        return self._node(library().ZuXmlGetLastChild(*self._args()))
+    # Navigation: each answers a Node or None.
+    parent = _navigation("ZuXmlGetParentNode", "The parent (the document node above the root element).")
+    previous_sibling = _navigation("ZuXmlGetPriviousSibling", "The previous sibling.")
+    next_sibling = _navigation("ZuXmlGetNextSibling", "The next sibling.")
+    first_child = _navigation("ZuXmlGetFirstChild", "The first child.")
+    last_child = _navigation("ZuXmlGetLastChild", "The last child.")
 
     def __iter__(self):
         """The direct children, in document order."""

@@ -52,9 +52,8 @@ static int fill(ZuXmlDocument doc) {
  * and its size handed over as the length. Returns a string to free, or NULL.
  */
 static char *write_to_string(ZuXmlDocument doc) {
-    char probe[1]; /* a narrow getter always writes the first byte */
-    int32_t length = 0;
-    if (ZuXmlWriteToStringA(doc, probe, &length) != 0 || length <= 0)
+    int32_t length = 0; /* with a length of 0 the buffer may be NULL */
+    if (ZuXmlWriteToStringA(doc, NULL, &length) != 0 || length <= 0)
         return NULL; /* no length reported: the handle holds no document */
     size_t size = (size_t)length * MB_CUR_MAX;
     char *text = malloc(size);

@@ -87,20 +87,18 @@ void CZUXMLSax2Handler::RecordLocation() {
 
 void CZUXMLSax2Handler::setDocumentLocator(const Locator *locator) { m_pLocator = locator; }
 
-void CZUXMLSax2Handler::startDocument() {
-    RecordLocation();
-    if (m_CallbacksW.pStartDocument)
-        m_CallbacksW.pStartDocument(m_pParser, m_pContext);
-    else if (m_CallbacksA.pStartDocument)
-        m_CallbacksA.pStartDocument(m_pParser, m_pContext);
-}
+void CZUXMLSax2Handler::startDocument() { DocumentEvent(m_CallbacksW.pStartDocument, m_CallbacksA.pStartDocument); }
 
-void CZUXMLSax2Handler::endDocument() {
+void CZUXMLSax2Handler::endDocument() { DocumentEvent(m_CallbacksW.pEndDocument, m_CallbacksA.pEndDocument); }
+
+// Start and end of the document carry no text, so both tables share their
+// entry types and the chosen one is called as it is.
+void CZUXMLSax2Handler::DocumentEvent(DocumentCallback wide, DocumentCallback narrow) {
     RecordLocation();
-    if (m_CallbacksW.pEndDocument)
-        m_CallbacksW.pEndDocument(m_pParser, m_pContext);
-    else if (m_CallbacksA.pEndDocument)
-        m_CallbacksA.pEndDocument(m_pParser, m_pContext);
+    if (wide)
+        wide(m_pParser, m_pContext);
+    else if (narrow)
+        narrow(m_pParser, m_pContext);
 }
 
 void CZUXMLSax2Handler::startElement(const XMLCh *uri, const XMLCh *localname, const XMLCh *qname,

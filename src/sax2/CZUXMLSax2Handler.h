@@ -79,14 +79,16 @@ private:
     struct WideForm;
     struct NarrowForm;
 
-    template <class Form> void OnStartElement(const typename Form::Table &table, const XMLCh *uri,
-                                              const XMLCh *localname, const XMLCh *qname,
-                                              const xercesc::Attributes &attrs);
-    template <class Form> void OnEndElement(const typename Form::Table &table, const XMLCh *uri,
-                                            const XMLCh *localname, const XMLCh *qname);
+    template <class Form>
+    void OnStartElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname, const XMLCh *qname,
+                        const xercesc::Attributes &attrs);
+    template <class Form>
+    void OnEndElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname, const XMLCh *qname);
     template <class Form> void OnComment(const typename Form::Table &table, const XMLCh *chars);
-    template <class Form> void OnDiagnostic(const typename Form::Table &table, int32_t nCode,
-                                            const xercesc::SAXParseException &exc);
+    template <class Form>
+    void OnDiagnostic(const typename Form::Table &table, int32_t nCode, const xercesc::SAXParseException &exc);
+    using DocumentCallback = void (*)(void *hParser, void *pContext);
+    void DocumentEvent(DocumentCallback wide, DocumentCallback narrow);
     void Diagnostic(int32_t nCode, const xercesc::SAXParseException &exc);
     void RecordLocation();
 

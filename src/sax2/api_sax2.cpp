@@ -22,11 +22,10 @@ ZUXML_API ZuXmlSax2Parser ZuXmlCreateSax2Parser(void *pContext) {
 }
 
 ZUXML_API int32_t ZuXmlSetSax2ParserCallbacksW(
-    ZuXmlSax2Parser hParser, ZuXmlSax2StartDocumentCallback pStartDocument,
-    ZuXmlSax2EndDocumentCallback pEndDocument, ZuXmlSax2StartElementCallbackW pStartElement,
-    ZuXmlSax2AttributeCallbackW pAttribute, ZuXmlSax2AttributesDoneCallback pAttributesDone,
-    ZuXmlSax2EndElementCallbackW pEndElement, ZuXmlSax2CommentCallbackW pComment,
-    ZuXmlSax2DiagnosticCallbackW pDiagnostic) {
+    ZuXmlSax2Parser hParser, ZuXmlSax2StartDocumentCallback pStartDocument, ZuXmlSax2EndDocumentCallback pEndDocument,
+    ZuXmlSax2StartElementCallbackW pStartElement, ZuXmlSax2AttributeCallbackW pAttribute,
+    ZuXmlSax2AttributesDoneCallback pAttributesDone, ZuXmlSax2EndElementCallbackW pEndElement,
+    ZuXmlSax2CommentCallbackW pComment, ZuXmlSax2DiagnosticCallbackW pDiagnostic) {
     if (!hParser)
         return 0;
     Parser(hParser)->SetCallbacks(zuxml::Sax2CallbackTableW{pStartDocument, pEndDocument, pStartElement, pAttribute,
@@ -35,11 +34,10 @@ ZUXML_API int32_t ZuXmlSetSax2ParserCallbacksW(
 }
 
 ZUXML_API int32_t ZuXmlSetSax2ParserCallbacksA(
-    ZuXmlSax2Parser hParser, ZuXmlSax2StartDocumentCallback pStartDocument,
-    ZuXmlSax2EndDocumentCallback pEndDocument, ZuXmlSax2StartElementCallbackA pStartElement,
-    ZuXmlSax2AttributeCallbackA pAttribute, ZuXmlSax2AttributesDoneCallback pAttributesDone,
-    ZuXmlSax2EndElementCallbackA pEndElement, ZuXmlSax2CommentCallbackA pComment,
-    ZuXmlSax2DiagnosticCallbackA pDiagnostic) {
+    ZuXmlSax2Parser hParser, ZuXmlSax2StartDocumentCallback pStartDocument, ZuXmlSax2EndDocumentCallback pEndDocument,
+    ZuXmlSax2StartElementCallbackA pStartElement, ZuXmlSax2AttributeCallbackA pAttribute,
+    ZuXmlSax2AttributesDoneCallback pAttributesDone, ZuXmlSax2EndElementCallbackA pEndElement,
+    ZuXmlSax2CommentCallbackA pComment, ZuXmlSax2DiagnosticCallbackA pDiagnostic) {
     if (!hParser)
         return 0;
     Parser(hParser)->SetCallbacks(zuxml::Sax2CallbackTableA{pStartDocument, pEndDocument, pStartElement, pAttribute,

@@ -158,7 +158,7 @@ TEST(Load, StopFromAnotherThreadEndsALargeProgressiveLoadEarly) {
     stopper.join();
     EXPECT_EQ(1, result);
     EXPECT_GE(g_Started.load(), kStopAfter);
-    // The root and every item: what a load to the end would have counted.
+    // A load to the end would have counted kElements + 1 start tags.
     EXPECT_LT(g_Started.load(), kElements / 2);
 }
 

@@ -14,13 +14,6 @@
 
 XERCES_CPP_NAMESPACE_USE
 
-#if defined(__SANITIZE_ADDRESS__)
-// Xerces is built without frame pointers, so the fast unwinder loses the
-// frames above it, among them the library function that the leak
-// suppressions name; the slow one keeps them.
-extern "C" const char *__asan_default_options() { return "fast_unwind_on_malloc=0"; }
-#endif
-
 namespace zuxml_sax2_test {
 
 std::string Utf8(const ZuXmlWChar *text) {

@@ -3,6 +3,7 @@
 #   scripts/run.sh example    install what is missing, build, run the example client
 #   scripts/run.sh test       install what is missing, build, run the whole test suite
 #   scripts/run.sh sanitize   the test suite again under AddressSanitizer and UBSan
+#   scripts/run.sh fuzz       builds the libFuzzer targets with clang and runs each briefly
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -29,11 +30,16 @@ case "${1:-}" in
   sanitize)
     scripts/install-deps.sh
     configure_and_build build-sanitize -DCMAKE_BUILD_TYPE=Debug -DZUXML_SANITIZE=address,undefined
-    ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
-      ctest --test-dir build-sanitize --output-on-failure --parallel "$jobs"
+    ctest --test-dir build-sanitize --output-on-failure --parallel "$jobs"
+    ;;
+  fuzz)
+    scripts/install-deps.sh clang libclang-rt-14-dev
+    CC=clang CXX=clang++ configure_and_build build-fuzz -DZUXML_FUZZ=ON -DZUXML_BUILD_TESTS=OFF \
+      -DZUXML_BUILD_EXAMPLES=OFF
+    ctest --test-dir build-fuzz --output-on-failure
     ;;
   *)
-    echo "usage: $0 example|test|sanitize" >&2
+    echo "usage: $0 example|test|sanitize|fuzz" >&2
     exit 2
     ;;
 esac

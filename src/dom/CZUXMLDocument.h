@@ -66,9 +66,13 @@ public:
 
 private:
     void ReleaseContents();
-    int32_t BuildDocument(const XMLCh *root, const XMLCh *nameSpace, const XMLCh *systemId);
+    int32_t BuildDocument(xercesc::DOMImplementation *implementation, const XMLCh *root, const XMLCh *nameSpace,
+                          const XMLCh *systemId);
     bool PrepareParser();
     int32_t Load(xercesc::DOMLSInput *input, const XMLCh *path);
+    int32_t IndexedAttributeText(DOMNode *node, int32_t index, const XMLCh *(xercesc::DOMAttr::*property)() const,
+                                 TextResult &text) const;
+    xercesc::DOMLSSerializer *NewSerializer(xercesc::DOMImplementationLS *&implementation) const;
 
     xercesc::DOMDocument *m_pDocument = nullptr;
     xercesc::DOMLSParser *m_pParser = nullptr;

@@ -128,7 +128,9 @@ TEST_F(ElementWithTwoAttributes, ElementWithoutAttributesCountsZero) {
     EXPECT_EQ(ZuXmlGetNodeAttributeCount(document, ZuXmlGetRootNode(document)), 0);
 }
 
-TEST_F(ElementWithTwoAttributes, NullNodeCountsMinusOne) { EXPECT_EQ(ZuXmlGetNodeAttributeCount(document, nullptr), -1); }
+TEST_F(ElementWithTwoAttributes, NullNodeCountsMinusOne) {
+    EXPECT_EQ(ZuXmlGetNodeAttributeCount(document, nullptr), -1);
+}
 
 TEST(AttributeOrder, IndexesFollowXercesNameOrderNotDocumentOrder) {
     // Xerces 3.2.4 keeps an element's attribute map sorted by name, both
@@ -163,7 +165,9 @@ TEST(AttributeValues, EntitiesAreResolvedAndUnitsOutsideTheBmpKept) {
 // of the root element.
 const GetterCase kAttributeGetters[] = {
     {"AttributeName", "<e attribute=\"value text\"/>",
-     [](ZuXmlDocument d, ZuXmlWChar *b, int32_t *n) { return ZuXmlGetNodeAttributeNameW(d, ZuXmlGetRootNode(d), 0, b, n); },
+     [](ZuXmlDocument d, ZuXmlWChar *b, int32_t *n) {
+         return ZuXmlGetNodeAttributeNameW(d, ZuXmlGetRootNode(d), 0, b, n);
+     },
      [](ZuXmlDocument d, char *b, int32_t *n) { return ZuXmlGetNodeAttributeNameA(d, ZuXmlGetRootNode(d), 0, b, n); },
      u"attribute"},
     {"AttributeValueIndex", "<e attribute=\"value text\"/>",
@@ -210,9 +214,9 @@ TEST(AttributeValueNameNarrow, NameIsConvertedInTheLocale) {
         EXPECT_STREQ(buffer, "1");
     }
     ScopedLocale locale("C");
-    EXPECT_TRUE(NarrowGetterFails(
-        [&](char *b, int32_t *n) { return ZuXmlGetNodeAttributeValueNameA(document, e, "caf\xc3\xa9", b, n); }))
-        << "under \"C\" the name becomes empty";
+    EXPECT_TRUE(NarrowGetterFails([&](char *b, int32_t *n) {
+        return ZuXmlGetNodeAttributeValueNameA(document, e, "caf\xc3\xa9", b, n);
+    })) << "under \"C\" the name becomes empty";
 }
 
 // --- Adding and changing -------------------------------------------------------------
@@ -381,13 +385,13 @@ TEST_F(ReadOnlyAttributes, ChangingAValueLetsTheDomExceptionPassOut) {
 
 // --- Failure values ----------------------------------------------------------------
 
-#define ATTRIBUTE_READER_FAILS(function, ...)                                                                      \
-    [](ZuXmlDocument d, ZuXmlNode n) {                                                                              \
-        return WideGetterFails([&](ZuXmlWChar *b, int32_t *l) { return function(d, n, __VA_ARGS__, b, l); });       \
+#define ATTRIBUTE_READER_FAILS(function, ...)                                                                          \
+    [](ZuXmlDocument d, ZuXmlNode n) {                                                                                 \
+        return WideGetterFails([&](ZuXmlWChar *b, int32_t *l) { return function(d, n, __VA_ARGS__, b, l); });          \
     }
-#define NARROW_ATTRIBUTE_READER_FAILS(function, ...)                                                               \
-    [](ZuXmlDocument d, ZuXmlNode n) {                                                                              \
-        return NarrowGetterFails([&](char *b, int32_t *l) { return function(d, n, __VA_ARGS__, b, l); });           \
+#define NARROW_ATTRIBUTE_READER_FAILS(function, ...)                                                                   \
+    [](ZuXmlDocument d, ZuXmlNode n) {                                                                                 \
+        return NarrowGetterFails([&](char *b, int32_t *l) { return function(d, n, __VA_ARGS__, b, l); });              \
     }
 
 // Every operation given a node it would otherwise work on ("a" exists).

@@ -13,9 +13,7 @@ using zuxml_test::ScopedLocale;
 namespace {
 
 // The document node: the parent of the root element.
-ZuXmlNode DocumentNode(ZuXmlDocument document) {
-    return ZuXmlGetParentNode(document, ZuXmlGetRootNode(document));
-}
+ZuXmlNode DocumentNode(ZuXmlDocument document) { return ZuXmlGetParentNode(document, ZuXmlGetRootNode(document)); }
 
 // Nothing is found in a handle that holds no document.
 void ExpectNoDocument(ZuXmlDocument document) {
@@ -81,8 +79,7 @@ class InvalidRootName : public ::testing::TestWithParam<const char16_t *> {};
 TEST_P(InvalidRootName, GivesNoHandle) {
     const WString name = W(GetParam());
     EXPECT_EQ(ZuXmlCreateWriteDocumentW(name.c_str(), nullptr, nullptr), nullptr);
-    EXPECT_EQ(ZuXmlCreateWriteDocumentW(name.c_str(), nullptr, W(u"x.dtd").c_str()), nullptr)
-        << "with a document type";
+    EXPECT_EQ(ZuXmlCreateWriteDocumentW(name.c_str(), nullptr, W(u"x.dtd").c_str()), nullptr) << "with a document type";
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, InvalidRootName, ::testing::Values(u"1x", u"a b", u"", u"<r>"));
@@ -215,8 +212,7 @@ TEST_P(MalformedBytes, LoadFailsAndTheHandleHoldsNoDocument) {
 // not report that document.
 INSTANTIATE_TEST_SUITE_P(Inputs, MalformedBytes,
                          ::testing::Values("<a><b>text</a>", "", std::string("\x01\x02garbage!!"), "<r/><r/>",
-                                           "<r>&undeclared;</r>", "<r x='1' x='2'/>", "<p:r/>",
-                                           "plain text"));
+                                           "<r>&undeclared;</r>", "<r x='1' x='2'/>", "<p:r/>", "plain text"));
 
 TEST(LoadFromBuf, FailedLoadAfterAGoodOneLeavesNoDocument) {
     Document document = Loaded("<first/>");

@@ -33,8 +33,7 @@ std::optional<WString> TextContent(ZuXmlDocument document, ZuXmlNode node) {
 }
 
 std::optional<WString> Namespace(ZuXmlDocument document, ZuXmlNode node) {
-    return ReadAll<ZuXmlWChar>(
-        [&](ZuXmlWChar *b, int32_t *n) { return ZuXmlGetNodeNamespaceW(document, node, b, n); });
+    return ReadAll<ZuXmlWChar>([&](ZuXmlWChar *b, int32_t *n) { return ZuXmlGetNodeNamespaceW(document, node, b, n); });
 }
 
 std::optional<std::pair<WString, WString>> LocalNameAndPrefix(ZuXmlDocument document, ZuXmlNode node) {

@@ -88,8 +88,9 @@ TEST(AddNode, WithoutNamespaceTheLocalNameReadsEmpty) {
     ASSERT_NE(item, nullptr);
     EXPECT_EQ(LocalNameAndPrefix(document, item), std::make_pair(W(u""), W(u"")))
         << "an element made without a namespace has no DOM local name";
-    EXPECT_TRUE(WideGetterFails([&](ZuXmlWChar *b, int32_t *n) { return ZuXmlGetNodeNamespaceW(document, item, b, n); }))
-        << "nor a namespace, although its parent has a default one";
+    EXPECT_TRUE(WideGetterFails([&](ZuXmlWChar *b, int32_t *n) {
+        return ZuXmlGetNodeNamespaceW(document, item, b, n);
+    })) << "nor a namespace, although its parent has a default one";
 }
 
 TEST(AddNode, WithTextTheElementHasOneTextChild) {
@@ -107,9 +108,8 @@ TEST(AddNode, TextOutsideTheBmpIsKeptUnchanged) {
     ZuXmlNode item = AddElement(document, nullptr, u"item", 1, u"\u4e2d\U0001F600<&>");
     ASSERT_NE(item, nullptr);
     EXPECT_EQ(TextContent(document, item), W(u"\u4e2d\U0001F600<&>"));
-    EXPECT_EQ(Serialised(document),
-              W(u"<?xml version=\"1.0\" encoding=\"UTF-16\" standalone=\"no\" ?>"
-                u"<r><item>\u4e2d\U0001F600&lt;&amp;&gt;</item></r>"));
+    EXPECT_EQ(Serialised(document), W(u"<?xml version=\"1.0\" encoding=\"UTF-16\" standalone=\"no\" ?>"
+                                      u"<r><item>\u4e2d\U0001F600&lt;&amp;&gt;</item></r>"));
 }
 
 TEST(AddNode, UnderATextNodeGivesNullAndLeavesNoNewNode) {
@@ -191,7 +191,8 @@ TEST(AddNodeNarrow, ArgumentsAreConvertedInTheLocale) {
     ScopedLocale locale("C.UTF-8");
     ASSERT_TRUE(locale.ok());
     Document document = Loaded("<r/>");
-    ZuXmlNode item = ZuXmlAddNodeA(document, nullptr, "p:caf\xc3\xa9", 1, "\xe2\x82\xac \xf0\x9f\x98\x80", "urn:\xc3\xa9");
+    ZuXmlNode item =
+        ZuXmlAddNodeA(document, nullptr, "p:caf\xc3\xa9", 1, "\xe2\x82\xac \xf0\x9f\x98\x80", "urn:\xc3\xa9");
     ASSERT_NE(item, nullptr);
     EXPECT_EQ(NodeName(document, item), W(u"p:caf\u00e9"));
     EXPECT_EQ(TextContent(document, item), W(u"\u20ac \U0001F600"));
@@ -306,13 +307,13 @@ TEST_P(AddNodeExisting, FromTheSameDocumentUnderAGivenParent) {
     ZuXmlNode copy = ZuXmlAddNodeExisting(document, into, source, GetParam().deep);
     ASSERT_NE(copy, nullptr);
     EXPECT_EQ(ZuXmlGetParentNode(document, copy), into);
-    EXPECT_EQ(Serialised(document), W(kDeclaration) + W(u"<dst><into>") + W(GetParam().copied) + W(u"</into>") +
-                                        W(kItemDeep) + W(u"</dst>"));
+    EXPECT_EQ(Serialised(document),
+              W(kDeclaration) + W(u"<dst><into>") + W(GetParam().copied) + W(u"</into>") + W(kItemDeep) + W(u"</dst>"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Flags, AddNodeExisting,
-                         ::testing::Values(CopyCase{1, kItemDeep}, CopyCase{0, kItemShallow},
-                                           CopyCase{2, kItemShallow}, CopyCase{-1, kItemShallow}));
+                         ::testing::Values(CopyCase{1, kItemDeep}, CopyCase{0, kItemShallow}, CopyCase{2, kItemShallow},
+                                           CopyCase{-1, kItemShallow}));
 
 TEST(AddNodeExistingFailure, NullSourceGivesNull) {
     Document document = Loaded("<r/>");
@@ -500,21 +501,25 @@ const FailingCall kEditingCalls[] = {
          Document other = Loaded("<o><x/></o>");
          return IsNullNode(ZuXmlAddNodeExisting(d, n, Child(other, nullptr, u"x"), 1));
      }},
-    {"AddNodeExistingOfItself", [](ZuXmlDocument d, ZuXmlNode n) { return IsNullNode(ZuXmlAddNodeExisting(d, nullptr, n, 1)); }},
+    {"AddNodeExistingOfItself",
+     [](ZuXmlDocument d, ZuXmlNode n) { return IsNullNode(ZuXmlAddNodeExisting(d, nullptr, n, 1)); }},
     {"RemoveNode", [](ZuXmlDocument d, ZuXmlNode n) { return IsFailure(ZuXmlRemoveNode(d, n)); }},
     {"SetNodeTextContentW",
      [](ZuXmlDocument d, ZuXmlNode n) { return IsFailure(ZuXmlSetNodeTextContentW(d, n, W(u"t").c_str())); }},
-    {"SetNodeTextContentA", [](ZuXmlDocument d, ZuXmlNode n) { return IsFailure(ZuXmlSetNodeTextContentA(d, n, "t")); }},
+    {"SetNodeTextContentA",
+     [](ZuXmlDocument d, ZuXmlNode n) { return IsFailure(ZuXmlSetNodeTextContentA(d, n, "t")); }},
 };
 
 // With a NULL node the adding operations use the root, so only the
 // operations that take a node as their object fail.
 const FailingCall kEditingCallsOnANode[] = {
-    {"AddNodeExisting", [](ZuXmlDocument d, ZuXmlNode n) { return IsNullNode(ZuXmlAddNodeExisting(d, nullptr, n, 1)); }},
+    {"AddNodeExisting",
+     [](ZuXmlDocument d, ZuXmlNode n) { return IsNullNode(ZuXmlAddNodeExisting(d, nullptr, n, 1)); }},
     {"RemoveNode", [](ZuXmlDocument d, ZuXmlNode n) { return IsFailure(ZuXmlRemoveNode(d, n)); }},
     {"SetNodeTextContentW",
      [](ZuXmlDocument d, ZuXmlNode n) { return IsFailure(ZuXmlSetNodeTextContentW(d, n, W(u"t").c_str())); }},
-    {"SetNodeTextContentA", [](ZuXmlDocument d, ZuXmlNode n) { return IsFailure(ZuXmlSetNodeTextContentA(d, n, "t")); }},
+    {"SetNodeTextContentA",
+     [](ZuXmlDocument d, ZuXmlNode n) { return IsFailure(ZuXmlSetNodeTextContentA(d, n, "t")); }},
 };
 
 INSTANTIATE_TEST_SUITE_P(Editing, FailsForNullNode, ::testing::ValuesIn(kEditingCallsOnANode), CallName);

@@ -33,8 +33,8 @@ std::string WideName(const ::testing::TestParamInfo<std::tuple<GetterCase, Lengt
 
 std::string NarrowName(const ::testing::TestParamInfo<std::tuple<GetterCase, LengthCase, const char *>> &info) {
     std::string locale = std::get<2>(info.param);
-    std::replace_if(locale.begin(), locale.end(), [](char c) { return !isalnum(static_cast<unsigned char>(c)); },
-                    '_');
+    std::replace_if(
+        locale.begin(), locale.end(), [](char c) { return !isalnum(static_cast<unsigned char>(c)); }, '_');
     return std::string(std::get<0>(info.param).label) + "_" + std::get<1>(info.param).label + "_" + locale;
 }
 
@@ -119,8 +119,7 @@ TEST_P(GetterRetry, NarrowRetryWithTheReportedLengthSucceeds) {
 // characters, six bytes in UTF-8.
 TEST_P(MultibyteNarrowGetter, WideFormGivesTheUnitsUnchanged) {
     Document document = Loaded(GetParam().xml);
-    const auto text = ReadAll<ZuXmlWChar>(
-        [&](ZuXmlWChar *b, int32_t *n) { return GetParam().wide(document, b, n); });
+    const auto text = ReadAll<ZuXmlWChar>([&](ZuXmlWChar *b, int32_t *n) { return GetParam().wide(document, b, n); });
     EXPECT_EQ(text, W(GetParam().text));
 }
 

@@ -20,11 +20,11 @@ using WideGetter = int32_t (*)(ZuXmlDocument, ZuXmlWChar *, int32_t *);
 using NarrowGetter = int32_t (*)(ZuXmlDocument, char *, int32_t *);
 
 struct GetterCase {
-    const char *label;     // names the instantiated test
-    const char *xml;       // UTF-8 document the getter reads from
-    WideGetter wide;       // the wide getter, on the node it reads
-    NarrowGetter narrow;   // its narrow twin, on the same node
-    const char16_t *text;  // the text the getter gives for that document
+    const char *label;    // names the instantiated test
+    const char *xml;      // UTF-8 document the getter reads from
+    WideGetter wide;      // the wide getter, on the node it reads
+    NarrowGetter narrow;  // its narrow twin, on the same node
+    const char16_t *text; // the text the getter gives for that document
 };
 
 // A caller's length, derived from the text length L.
@@ -40,9 +40,13 @@ struct LengthCase {
 // L: too small by one; L + 1: exact; L + 5 and L + 6: larger; 0 and
 // negative: too small.
 const LengthCase kWideLengths[] = {
-    {"TextLength", 1, 0, false},   {"TextLengthPlusOne", 1, 1, true}, {"TextLengthPlusFive", 1, 5, true},
+    {"TextLength", 1, 0, false},
+    {"TextLengthPlusOne", 1, 1, true},
+    {"TextLengthPlusFive", 1, 5, true},
     {"Larger", 1, 6, true},
-    {"Zero", 0, 0, false},         {"MinusOne", 0, -1, false},        {"MinusSeven", 0, -7, false},
+    {"Zero", 0, 0, false},
+    {"MinusOne", 0, -1, false},
+    {"MinusSeven", 0, -7, false},
     {"MostNegative", 0, INT32_MIN, false},
 };
 
@@ -68,12 +72,12 @@ std::string NarrowName(const ::testing::TestParamInfo<std::tuple<GetterCase, Len
 
 // Instantiates the three protocol suites for the ASCII getters of a test
 // program.
-#define ZUXML_GETTER_PROTOCOL_SUITES(Prefix, cases)                                                              \
-    INSTANTIATE_TEST_SUITE_P(Prefix, WideGetterProtocol,                                                        \
-                             ::testing::Combine(::testing::ValuesIn(cases), ::testing::ValuesIn(kWideLengths)), \
-                             WideName);                                                                         \
-    INSTANTIATE_TEST_SUITE_P(Prefix, NarrowGetterProtocol,                                                      \
-                             ::testing::Combine(::testing::ValuesIn(cases), ::testing::ValuesIn(kNarrowLengths), \
-                                                ::testing::ValuesIn(kNarrowLocales)),                           \
-                             NarrowName);                                                                       \
+#define ZUXML_GETTER_PROTOCOL_SUITES(Prefix, cases)                                                                    \
+    INSTANTIATE_TEST_SUITE_P(Prefix, WideGetterProtocol,                                                               \
+                             ::testing::Combine(::testing::ValuesIn(cases), ::testing::ValuesIn(kWideLengths)),        \
+                             WideName);                                                                                \
+    INSTANTIATE_TEST_SUITE_P(Prefix, NarrowGetterProtocol,                                                             \
+                             ::testing::Combine(::testing::ValuesIn(cases), ::testing::ValuesIn(kNarrowLengths),       \
+                                                ::testing::ValuesIn(kNarrowLocales)),                                  \
+                             NarrowName);                                                                              \
     INSTANTIATE_TEST_SUITE_P(Prefix, GetterRetry, ::testing::ValuesIn(cases), GetterName)

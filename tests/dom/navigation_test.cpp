@@ -189,10 +189,8 @@ const FailingCall kRootDefaultingCalls[] = {
 INSTANTIATE_TEST_SUITE_P(Navigation, FailsForNullNode, ::testing::ValuesIn(kNavigationCalls), CallName);
 INSTANTIATE_TEST_SUITE_P(Navigation, FailsWithoutDocument, ::testing::ValuesIn(kNavigationCalls), CallName);
 INSTANTIATE_TEST_SUITE_P(Navigation, FailsForNullDocument, ::testing::ValuesIn(kNavigationCalls), CallName);
-INSTANTIATE_TEST_SUITE_P(RootDefaulting, FailsWithoutDocument, ::testing::ValuesIn(kRootDefaultingCalls),
-                         CallName);
-INSTANTIATE_TEST_SUITE_P(RootDefaulting, FailsForNullDocument, ::testing::ValuesIn(kRootDefaultingCalls),
-                         CallName);
+INSTANTIATE_TEST_SUITE_P(RootDefaulting, FailsWithoutDocument, ::testing::ValuesIn(kRootDefaultingCalls), CallName);
+INSTANTIATE_TEST_SUITE_P(RootDefaulting, FailsForNullDocument, ::testing::ValuesIn(kRootDefaultingCalls), CallName);
 
 TEST(EmptyRoot, FirstChildAndChildSearchFindNothing) {
     Document document = Loaded("<r/>");

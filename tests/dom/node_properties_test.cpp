@@ -41,7 +41,7 @@ int32_t PrefixA(ZuXmlDocument d, char *b, int32_t *n) {
 }
 
 // Every getter reads the root element.
-#define ROOT_GETTER(function)                                                                                       \
+#define ROOT_GETTER(function)                                                                                          \
     [](ZuXmlDocument d, auto *b, int32_t *n) { return function(d, ZuXmlGetRootNode(d), b, n); }
 
 const GetterCase kPropertyGetters[] = {
@@ -108,8 +108,8 @@ TEST(LocalName, LargeFirstBufferAndOneCharacterSecondOnAPrefixedElement) {
     auto local = FilledBuffer<ZuXmlWChar>(16);
     auto prefix = FilledBuffer<ZuXmlWChar>(4);
     int32_t localLength = 16, prefixLength = 1;
-    EXPECT_EQ(ZuXmlGetLocalNodeNameW(document, ZuXmlGetRootNode(document), local.data(), &localLength,
-                                     prefix.data(), &prefixLength),
+    EXPECT_EQ(ZuXmlGetLocalNodeNameW(document, ZuXmlGetRootNode(document), local.data(), &localLength, prefix.data(),
+                                     &prefixLength),
               0);
     EXPECT_EQ(WString(local.data()), W(u"item")) << "the buffer that fits is filled";
     EXPECT_EQ(localLength, 16);
@@ -122,8 +122,8 @@ TEST(LocalName, SmallFirstBufferAndLargeSecond) {
     auto local = FilledBuffer<ZuXmlWChar>(4);
     auto prefix = FilledBuffer<ZuXmlWChar>(16);
     int32_t localLength = 4, prefixLength = 16;
-    EXPECT_EQ(ZuXmlGetLocalNodeNameW(document, ZuXmlGetRootNode(document), local.data(), &localLength,
-                                     prefix.data(), &prefixLength),
+    EXPECT_EQ(ZuXmlGetLocalNodeNameW(document, ZuXmlGetRootNode(document), local.data(), &localLength, prefix.data(),
+                                     &prefixLength),
               0);
     EXPECT_EQ(localLength, 5);
     EXPECT_TRUE(Untouched(local));
@@ -134,9 +134,8 @@ TEST(LocalName, SmallFirstBufferAndLargeSecond) {
 TEST(LocalName, BothTooSmallReportsBothLengths) {
     Document document = Loaded("<pre:item xmlns:pre=\"urn:p\"/>");
     int32_t localLength = 0, prefixLength = -3;
-    EXPECT_EQ(ZuXmlGetLocalNodeNameW(document, ZuXmlGetRootNode(document), nullptr, &localLength, nullptr,
-                                     &prefixLength),
-              0);
+    EXPECT_EQ(
+        ZuXmlGetLocalNodeNameW(document, ZuXmlGetRootNode(document), nullptr, &localLength, nullptr, &prefixLength), 0);
     EXPECT_EQ(localLength, 5);
     EXPECT_EQ(prefixLength, 4);
 }
@@ -146,8 +145,8 @@ TEST(LocalName, NarrowFormFillsEachBufferOnItsOwn) {
     auto local = FilledBuffer<char>(16);
     auto prefix = FilledBuffer<char>(16);
     int32_t localLength = 16, prefixLength = 2;
-    EXPECT_EQ(ZuXmlGetLocalNodeNameA(document, ZuXmlGetRootNode(document), local.data(), &localLength,
-                                     prefix.data(), &prefixLength),
+    EXPECT_EQ(ZuXmlGetLocalNodeNameA(document, ZuXmlGetRootNode(document), local.data(), &localLength, prefix.data(),
+                                     &prefixLength),
               0);
     EXPECT_STREQ(local.data(), "item");
     EXPECT_EQ(localLength, 16);
@@ -157,8 +156,8 @@ TEST(LocalName, NarrowFormFillsEachBufferOnItsOwn) {
 
     localLength = 16;
     prefixLength = 16;
-    EXPECT_EQ(ZuXmlGetLocalNodeNameA(document, ZuXmlGetRootNode(document), local.data(), &localLength,
-                                     prefix.data(), &prefixLength),
+    EXPECT_EQ(ZuXmlGetLocalNodeNameA(document, ZuXmlGetRootNode(document), local.data(), &localLength, prefix.data(),
+                                     &prefixLength),
               1);
     EXPECT_STREQ(local.data(), "item");
     EXPECT_STREQ(prefix.data(), "pre");
@@ -254,7 +253,8 @@ TEST_P(NodeWithoutNamespace, WideReaderAnswersZeroAndWritesNothing) {
     Document document = Loaded("<r>text<!--c--><e/></r>");
     ZuXmlNode node = Pick(document);
     ASSERT_NE(node, nullptr);
-    EXPECT_TRUE(WideGetterFails([&](ZuXmlWChar *b, int32_t *n) { return ZuXmlGetNodeNamespaceW(document, node, b, n); }));
+    EXPECT_TRUE(
+        WideGetterFails([&](ZuXmlWChar *b, int32_t *n) { return ZuXmlGetNodeNamespaceW(document, node, b, n); }));
 }
 
 TEST_P(NodeWithoutNamespace, NarrowReaderAnswersZeroWithTheEmptyString) {
@@ -268,13 +268,13 @@ INSTANTIATE_TEST_SUITE_P(Nodes, NodeWithoutNamespace, ::testing::Range(0, 5));
 
 // --- Failure values ----------------------------------------------------------
 
-#define WIDE_READER_FAILS(function)                                                                                 \
-    [](ZuXmlDocument d, ZuXmlNode n) {                                                                              \
-        return WideGetterFails([&](ZuXmlWChar *b, int32_t *l) { return function(d, n, b, l); });                    \
+#define WIDE_READER_FAILS(function)                                                                                    \
+    [](ZuXmlDocument d, ZuXmlNode n) {                                                                                 \
+        return WideGetterFails([&](ZuXmlWChar *b, int32_t *l) { return function(d, n, b, l); });                       \
     }
-#define NARROW_READER_FAILS(function)                                                                               \
-    [](ZuXmlDocument d, ZuXmlNode n) {                                                                              \
-        return NarrowGetterFails([&](char *b, int32_t *l) { return function(d, n, b, l); });                        \
+#define NARROW_READER_FAILS(function)                                                                                  \
+    [](ZuXmlDocument d, ZuXmlNode n) {                                                                                 \
+        return NarrowGetterFails([&](char *b, int32_t *l) { return function(d, n, b, l); });                           \
     }
 
 const FailingCall kReaderCalls[] = {
@@ -299,9 +299,8 @@ const FailingCall kReaderCalls[] = {
      [](ZuXmlDocument d, ZuXmlNode n) {
          auto prefix = FilledBuffer<char>(8);
          int32_t prefixLength = 8;
-         auto result = NarrowGetterFails([&](char *b, int32_t *l) {
-             return ZuXmlGetLocalNodeNameA(d, n, b, l, prefix.data(), &prefixLength);
-         });
+         auto result = NarrowGetterFails(
+             [&](char *b, int32_t *l) { return ZuXmlGetLocalNodeNameA(d, n, b, l, prefix.data(), &prefixLength); });
          if (result && (prefixLength != 8 || prefix[0] != 0 || prefix[1] != Sentinel<char>::value))
              return ::testing::AssertionFailure() << "left no empty string in the prefix output";
          return result;

@@ -197,6 +197,7 @@ TEST(EmptyRoot, FirstChildAndChildSearchFindNothing) {
     EXPECT_EQ(ZuXmlGetFirstChild(document, nullptr), nullptr);
     EXPECT_EQ(Child(document, nullptr, u"#text"), nullptr);
     EXPECT_EQ(ZuXmlFindChildW(document, nullptr, nullptr), nullptr) << "the name is not read without children";
+    EXPECT_EQ(ZuXmlFindChildA(document, nullptr, nullptr), nullptr);
 }
 
 } // namespace

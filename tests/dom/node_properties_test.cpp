@@ -218,6 +218,16 @@ TEST(TextContent, NarrowFormGivesTextOutsideTheBmpAsOneUtf8Character) {
     EXPECT_STREQ(buffer.data(), "a\xf0\x9f\x98\x80z");
 }
 
+TEST(TextContent, LongTextPassesWholeThroughBothForms) {
+    const std::string text(100000, 'x');
+    Document document = Loaded("<r>" + text + "</r>");
+    ZuXmlNode root = ZuXmlGetRootNode(document);
+    EXPECT_EQ(TextContent(document, root), WString(text.begin(), text.end()));
+    const auto narrow =
+        ReadAll<char>([&](char *b, int32_t *n) { return ZuXmlGetNodeTextContentA(document, root, b, n); });
+    EXPECT_EQ(narrow, text);
+}
+
 // --- Namespace ----------------------------------------------------------------
 
 TEST(Namespace, DefaultNamespaceIsInherited) {

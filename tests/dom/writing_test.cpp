@@ -9,6 +9,9 @@
 // siblings, and ends the file with a line break.
 #include <gtest/gtest.h>
 
+#include <thread>
+#include <vector>
+
 #include "dom_support.h"
 #include "failure_table.h"
 #include "getter_protocol.h"
@@ -278,6 +281,36 @@ TEST(RoundTrip, EditedDocumentWrittenToStringLoadsBackTheSame) {
     ASSERT_EQ(ZuXmlLoadFromBufW(again, first->c_str(), static_cast<uint32_t>(first->size())), 1);
     EXPECT_EQ(Serialised(again), first);
     EXPECT_EQ(TextContent(again, Child(again, nullptr, u"p:added")), W(u"caf\u00e9 \U0001F600"));
+}
+
+// --- Threads -------------------------------------------------------------------------
+
+TEST(Threads, SeparateHandlesWorkFromSeparateThreadsAtOnce) {
+    constexpr int kThreads = 4, kRounds = 50;
+    std::vector<int> good(kThreads, 0);
+    std::vector<std::thread> threads;
+    for (int t = 0; t < kThreads; ++t)
+        threads.emplace_back([t, &good] {
+            const std::string name = "t" + std::to_string(t);
+            for (int round = 0; round < kRounds; ++round) {
+                ZuXmlDocument document = ZuXmlCreateDocument();
+                const std::string xml = "<" + name + " n=\"" + std::to_string(round) + "\"/>";
+                if (ZuXmlLoadFromBufA(document, xml.data(), static_cast<uint32_t>(xml.size())) == 1 &&
+                    ZuXmlAddNodeA(document, nullptr, "child", 1, "text", nullptr) != nullptr) {
+                    char buffer[256];
+                    int32_t length = sizeof buffer;
+                    const std::string expected = "<?xml version=\"1.0\" encoding=\"UTF-16\" standalone=\"no\" ?><" +
+                                                 name + " n=\"" + std::to_string(round) + "\"><child>text</child></" +
+                                                 name + ">";
+                    if (ZuXmlWriteToStringA(document, buffer, &length) == 1 && expected == buffer)
+                        ++good[t];
+                }
+                ZuXmlReleaseDocument(document);
+            }
+        });
+    for (auto &thread : threads)
+        thread.join();
+    EXPECT_EQ(good, std::vector<int>(kThreads, kRounds));
 }
 
 // --- Failures ----------------------------------------------------------------

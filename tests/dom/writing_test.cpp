@@ -263,6 +263,16 @@ TEST(WriteFile, NarrowPathIsConvertedInTheLocale) {
     EXPECT_TRUE(std::filesystem::exists(scratch.File("caf\xc3\xa9.xml")));
 }
 
+TEST(WriteFile, NarrowPathInvalidInTheLocaleBecomesEmptyAndFails) {
+    ScopedLocale locale("C");
+    ASSERT_TRUE(locale.ok());
+    ScratchDirectory scratch;
+    Document document = Built(u"root");
+    EXPECT_EQ(ZuXmlWriteNoPrettyA(document, scratch.File("caf\xc3\xa9.xml").c_str()), 0);
+    EXPECT_EQ(ZuXmlWriteA(document, scratch.File("caf\xc3\xa9.xml").c_str()), 0);
+    EXPECT_TRUE(std::filesystem::is_empty(scratch.path())) << "no file under any name";
+}
+
 // --- Round trip ----------------------------------------------------------------
 
 TEST(RoundTrip, EditedDocumentWrittenToStringLoadsBackTheSame) {

@@ -381,7 +381,7 @@ TEST(ReleaseDocument, ParserReleaseEntryDestroysADocument) {
 
 TEST(ReleaseDocument, DocumentReleaseEntryDestroysAParser) {
     // Looked up at run time, so that this program runs before the streaming
-    // parser is part of the library.
+    // parser exists in the library.
     using CreateParser = ZuXmlSax2Parser (*)(void *);
     auto create = reinterpret_cast<CreateParser>(dlsym(RTLD_DEFAULT, "ZuXmlCreateSax2Parser"));
     if (create == nullptr)

@@ -3,37 +3,51 @@
 #   scripts/run.sh example    install what is missing, build, run the example client
 #   scripts/run.sh test       install what is missing, build, run the whole test suite
 #   scripts/run.sh sanitize   the test suite again under AddressSanitizer and UBSan
+#   scripts/run.sh fuzz       builds the libFuzzer targets with clang and runs each briefly
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 jobs=$(nproc 2>/dev/null || echo 2)
 
-configure_and_build() { # build-dir, extra cmake arguments...
+configure() { # build-dir, extra cmake arguments...
   local dir=$1
   shift
   cmake -S . -B "$dir" "$@"
-  cmake --build "$dir" --parallel "$jobs"
+}
+
+configure_and_build() { # build-dir, extra cmake arguments...
+  configure "$@"
+  cmake --build "$1" --parallel "$jobs"
 }
 
 case "${1:-}" in
   example)
     scripts/install-deps.sh
-    configure_and_build build -DZUXML_BUILD_TESTS=OFF
+    configure build -DZUXML_BUILD_EXAMPLES=ON
+    cmake --build build --parallel "$jobs" --target zuxml_tree zuxml_build zuxml_stream
     build/examples/zuxml_tree examples/sample.xml
+    build/examples/zuxml_build build/zuxml_build.xml
+    build/examples/zuxml_stream examples/sample.xml
+    build/examples/zuxml_stream examples/sample.xml 3
     ;;
   test)
     scripts/install-deps.sh
-    configure_and_build build
+    configure_and_build build -DZUXML_BUILD_TESTS=ON -DZUXML_BUILD_EXAMPLES=ON
     ctest --test-dir build --output-on-failure --parallel "$jobs"
     ;;
   sanitize)
     scripts/install-deps.sh
     configure_and_build build-sanitize -DCMAKE_BUILD_TYPE=Debug -DZUXML_SANITIZE=address,undefined
-    ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
-      ctest --test-dir build-sanitize --output-on-failure --parallel "$jobs"
+    ctest --test-dir build-sanitize --output-on-failure --parallel "$jobs"
+    ;;
+  fuzz)
+    scripts/install-deps.sh clang libclang-rt-14-dev
+    CC=clang CXX=clang++ configure_and_build build-fuzz -DZUXML_FUZZ=ON -DZUXML_BUILD_TESTS=OFF \
+      -DZUXML_BUILD_EXAMPLES=OFF
+    ctest --test-dir build-fuzz --output-on-failure
     ;;
   *)
-    echo "usage: $0 example|test|sanitize" >&2
+    echo "usage: $0 example|test|sanitize|fuzz" >&2
     exit 2
     ;;
 esac

@@ -78,8 +78,10 @@ int32_t CZUXMLDocument::AttributeValueNamed(DOMNode *node, const XMLCh *name, Te
 }
 
 // Creates the attribute or replaces its value; a NULL node is the root.
+// Xerces rejects a name that is not a legal XML name with a DOMException;
+// a NULL name it would dereference, so that is refused here.
 int32_t CZUXMLDocument::AddAttribute(DOMNode *node, const XMLCh *name, const XMLCh *value) {
-    if (!m_pDocument)
+    if (!m_pDocument || !name)
         return 0;
     if (!node)
         node = m_pDocument->getDocumentElement();

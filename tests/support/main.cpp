@@ -4,6 +4,13 @@
 
 #include "zuxml.h"
 
+// Read by AddressSanitizer and UBSan when the suite is built with them.
+// Xerces is built without frame pointers, so only the slow unwinder sees
+// past its allocator to the function that asked for the memory, which is
+// what the leak suppressions name.
+extern "C" const char *__asan_default_options() { return "fast_unwind_on_malloc=0:detect_leaks=1"; }
+extern "C" const char *__ubsan_default_options() { return "print_stacktrace=1:halt_on_error=1"; }
+
 int main(int argc, char **argv) {
     ::testing::InitGoogleTest(&argc, argv);
     if (ZuXmlInit() != 1)

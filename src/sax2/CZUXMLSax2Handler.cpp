@@ -1,0 +1,216 @@
+#include "sax2/CZUXMLSax2Handler.h"
+
+#include <xercesc/sax/Locator.hpp>
+#include <xercesc/sax/SAXParseException.hpp>
+#include <xercesc/sax2/Attributes.hpp>
+#include <xercesc/util/PlatformUtils.hpp>
+#include <xercesc/util/XMLString.hpp>
+
+XERCES_CPP_NAMESPACE_USE
+
+namespace zuxml {
+
+namespace {
+
+const XMLCh kNoText[] = {0};
+
+} // namespace
+
+// Wide callbacks take Xerces' own text: a callback's strings need only live
+// until it returns, so Xerces' strings are handed over as they are.
+struct CZUXMLSax2Handler::WideForm {
+    using Table = Sax2CallbackTableW;
+
+    class Text {
+    public:
+        explicit Text(const XMLCh *text) : m_pText(text ? text : kNoText) {}
+        const ZuXmlWChar *get() const { return reinterpret_cast<const ZuXmlWChar *>(m_pText); }
+
+    private:
+        const XMLCh *m_pText;
+    };
+
+    static CZUXMLTextStack<std::basic_string<XMLCh>> &Stack(CZUXMLSax2Handler &handler) { return handler.m_TextW; }
+    static void Append(std::basic_string<XMLCh> &slot, const XMLCh *chars) { slot.append(chars); }
+    static const ZuXmlWChar *View(const std::basic_string<XMLCh> &slot) {
+        return reinterpret_cast<const ZuXmlWChar *>(slot.c_str());
+    }
+};
+
+// Narrow callbacks take Xerces' text in its local code page, made by
+// Xerces' own transcoder (not the C runtime's locale) and released as soon
+// as the callback has returned.
+struct CZUXMLSax2Handler::NarrowForm {
+    using Table = Sax2CallbackTableA;
+
+    class Text {
+    public:
+        explicit Text(const XMLCh *text)
+            : m_pText(text ? XMLString::transcode(text, XMLPlatformUtils::fgMemoryManager) : nullptr) {}
+        Text(const Text &) = delete;
+        Text &operator=(const Text &) = delete;
+        ~Text() {
+            if (m_pText)
+                XMLString::release(&m_pText, XMLPlatformUtils::fgMemoryManager);
+        }
+        const char *get() const { return m_pText ? m_pText : ""; }
+
+    private:
+        char *m_pText;
+    };
+
+    static CZUXMLTextStack<std::string> &Stack(CZUXMLSax2Handler &handler) { return handler.m_TextA; }
+    static void Append(std::string &slot, const XMLCh *chars) { slot.append(Text(chars).get()); }
+    static const char *View(const std::string &slot) { return slot.c_str(); }
+};
+
+CZUXMLSax2Handler::CZUXMLSax2Handler(void *hParser, void *pContext, const Sax2CallbackTableW &callbacksW,
+                                     const Sax2CallbackTableA &callbacksA)
+    : m_pParser(hParser), m_pContext(pContext), m_CallbacksW(callbacksW), m_CallbacksA(callbacksA) {}
+
+int32_t CZUXMLSax2Handler::Location(uint64_t *pnLine, uint64_t *pnColumn) const {
+    if (!m_pLocator)
+        return 0;
+    if (pnLine)
+        *pnLine = m_nLine;
+    if (pnColumn)
+        *pnColumn = m_nColumn;
+    return 1;
+}
+
+void CZUXMLSax2Handler::RecordLocation() {
+    if (m_pLocator) {
+        m_nLine = m_pLocator->getLineNumber();
+        m_nColumn = m_pLocator->getColumnNumber();
+    }
+}
+
+void CZUXMLSax2Handler::setDocumentLocator(const Locator *locator) { m_pLocator = locator; }
+
+void CZUXMLSax2Handler::startDocument() { DocumentEvent(m_CallbacksW.pStartDocument, m_CallbacksA.pStartDocument); }
+
+void CZUXMLSax2Handler::endDocument() { DocumentEvent(m_CallbacksW.pEndDocument, m_CallbacksA.pEndDocument); }
+
+// Start and end of the document carry no text, so both tables share their
+// entry types and the chosen one is called as it is.
+void CZUXMLSax2Handler::DocumentEvent(DocumentCallback wide, DocumentCallback narrow) {
+    RecordLocation();
+    if (wide)
+        wide(m_pParser, m_pContext);
+    else if (narrow)
+        narrow(m_pParser, m_pContext);
+}
+
+void CZUXMLSax2Handler::startElement(const XMLCh *uri, const XMLCh *localname, const XMLCh *qname,
+                                     const Attributes &attrs) {
+    RecordLocation();
+    if (m_CallbacksW.pStartElement)
+        OnStartElement<WideForm>(m_CallbacksW, uri, localname, qname, attrs);
+    else if (m_CallbacksA.pStartElement)
+        OnStartElement<NarrowForm>(m_CallbacksA, uri, localname, qname, attrs);
+    // The depth rises even when nobody hears of the start tag, so that the
+    // depths of end tags and comments stay right.
+    m_TextW.At(m_nDepth).clear();
+    m_TextA.At(m_nDepth).clear();
+    ++m_nDepth;
+}
+
+template <class Form>
+void CZUXMLSax2Handler::OnStartElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname,
+                                       const XMLCh *qname, const Attributes &attrs) {
+    using Text = typename Form::Text;
+    const Text szUri(uri);
+    const Text szLocalName(localname);
+    const Text szQName(qname);
+    const XMLSize_t count = attrs.getLength();
+    if (table.pStartElement)
+        table.pStartElement(m_pParser, m_pContext, m_nDepth, static_cast<int32_t>(count), szUri.get(),
+                            szLocalName.get(), szQName.get());
+    for (XMLSize_t index = 0; index < count; ++index) {
+        const Text szAttrUri(attrs.getURI(index));
+        const Text szAttrLocalName(attrs.getLocalName(index));
+        const Text szAttrQName(attrs.getQName(index));
+        const Text szType(attrs.getType(index));
+        const Text szValue(attrs.getValue(index));
+        if (table.pAttribute)
+            table.pAttribute(m_pParser, m_pContext, m_nDepth, static_cast<int32_t>(index), szAttrUri.get(),
+                             szAttrLocalName.get(), szAttrQName.get(), szType.get(), szValue.get());
+    }
+    // AttributesDone follows the NARROW Attribute entry whichever table
+    // serves the start tag, and the serving table's AttributesDone is then
+    // called unchecked. Callers rely on this coupling as it always was: one
+    // who sets the narrow Attribute entry sets AttributesDone in the table
+    // that serves StartElement, and one who sets only wide entries never
+    // gets AttributesDone.
+    if (m_CallbacksA.pAttribute)
+        table.pAttributesDone(m_pParser, m_pContext, m_nDepth);
+}
+
+void CZUXMLSax2Handler::endElement(const XMLCh *uri, const XMLCh *localname, const XMLCh *qname) {
+    RecordLocation();
+    --m_nDepth;
+    if (m_CallbacksW.pEndElement)
+        OnEndElement<WideForm>(m_CallbacksW, uri, localname, qname);
+    else if (m_CallbacksA.pEndElement)
+        OnEndElement<NarrowForm>(m_CallbacksA, uri, localname, qname);
+}
+
+// The slot is left as it is: the next start tag at this depth clears it.
+template <class Form>
+void CZUXMLSax2Handler::OnEndElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname,
+                                     const XMLCh *qname) {
+    using Text = typename Form::Text;
+    const Text szUri(uri);
+    const Text szLocalName(localname);
+    const Text szQName(qname);
+    table.pEndElement(m_pParser, m_pContext, m_nDepth, szUri.get(), szLocalName.get(), szQName.get(),
+                      Form::View(Form::Stack(*this).At(m_nDepth)));
+}
+
+// Text is gathered only in the form that its end tag will deliver, and only
+// for an open element: character data at depth 0 belongs to nobody. Text
+// runs to its terminator; the length Xerces passes is not used.
+void CZUXMLSax2Handler::characters(const XMLCh *chars, XMLSize_t) {
+    RecordLocation();
+    if (m_nDepth <= 0)
+        return;
+    if (m_CallbacksW.pEndElement)
+        WideForm::Append(m_TextW.At(m_nDepth - 1), chars);
+    else if (m_CallbacksA.pEndElement)
+        NarrowForm::Append(m_TextA.At(m_nDepth - 1), chars);
+}
+
+void CZUXMLSax2Handler::comment(const XMLCh *chars, XMLSize_t) {
+    RecordLocation();
+    if (m_CallbacksW.pComment)
+        OnComment<WideForm>(m_CallbacksW, chars);
+    else if (m_CallbacksA.pComment)
+        OnComment<NarrowForm>(m_CallbacksA, chars);
+}
+
+template <class Form> void CZUXMLSax2Handler::OnComment(const typename Form::Table &table, const XMLCh *chars) {
+    const typename Form::Text szText(chars);
+    table.pComment(m_pParser, m_pContext, m_nDepth, szText.get());
+}
+
+void CZUXMLSax2Handler::warning(const SAXParseException &exc) { Diagnostic(SAX2_WARNING, exc); }
+
+void CZUXMLSax2Handler::error(const SAXParseException &exc) { Diagnostic(SAX2_ERROR, exc); }
+
+void CZUXMLSax2Handler::fatalError(const SAXParseException &exc) { Diagnostic(SAX2_FATAL_ERROR, exc); }
+
+void CZUXMLSax2Handler::Diagnostic(int32_t nCode, const SAXParseException &exc) {
+    RecordLocation();
+    if (m_CallbacksW.pDiagnostic)
+        OnDiagnostic<WideForm>(m_CallbacksW, nCode, exc);
+    else if (m_CallbacksA.pDiagnostic)
+        OnDiagnostic<NarrowForm>(m_CallbacksA, nCode, exc);
+}
+
+template <class Form>
+void CZUXMLSax2Handler::OnDiagnostic(const typename Form::Table &table, int32_t nCode, const SAXParseException &exc) {
+    const typename Form::Text szMessage(exc.getMessage());
+    table.pDiagnostic(m_pParser, m_pContext, nCode, szMessage.get());
+}
+
+} // namespace zuxml

@@ -1,0 +1,110 @@
+// The Xerces SAX2 handler of one streaming load.
+//
+// It turns Xerces' content, lexical and error events into calls of the
+// caller's callbacks: for each event through the wide table when its entry
+// is set, else through the narrow one. It tracks the element depth, gathers
+// each open element's character data so that the element's end tag hands
+// it over in one piece, and keeps the position of the last event for
+// ZuXmlGetSax2CurrentLocation.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <xercesc/sax2/DefaultHandler.hpp>
+
+#include "sax2/Sax2CallbackTable.h"
+
+namespace zuxml {
+
+// The character data of every open element, one slot per depth. The first
+// 100 levels live inside the object; deeper levels, which real documents
+// seldom reach, are kept in storage that grows on demand. A slot keeps its
+// capacity when cleared, so steady parsing allocates nothing here.
+template <class Slot> class CZUXMLTextStack {
+public:
+    static constexpr int32_t kFixedLevels = 100;
+
+    Slot &At(int32_t depth) {
+        if (depth < kFixedLevels)
+            return m_aFixed[depth];
+        const size_t deep = static_cast<size_t>(depth - kFixedLevels);
+        if (deep >= m_Deep.size())
+            m_Deep.resize(deep + 1);
+        return m_Deep[deep];
+    }
+
+private:
+    Slot m_aFixed[kFixedLevels];
+    std::vector<Slot> m_Deep;
+};
+
+class CZUXMLSax2Handler final : public xercesc::DefaultHandler {
+public:
+    // hParser and pContext are passed to every callback as they are. The
+    // tables are copies: changing the parser's tables during the load does
+    // not reach this handler.
+    CZUXMLSax2Handler(void *hParser, void *pContext, const Sax2CallbackTableW &callbacksW,
+                      const Sax2CallbackTableA &callbacksA);
+
+    // Whether a comment callback is set; only then is the handler worth
+    // registering as Xerces' lexical handler.
+    bool WantsComments() const { return m_CallbacksW.pComment || m_CallbacksA.pComment; }
+
+    // The line and column of the last event, read from Xerces' locator
+    // while its scan was running. Answers 0 and writes nothing when Xerces
+    // never handed over a locator.
+    int32_t Location(uint64_t *pnLine, uint64_t *pnColumn) const;
+
+    // ContentHandler
+    void setDocumentLocator(const xercesc::Locator *locator) override;
+    void startDocument() override;
+    void endDocument() override;
+    void startElement(const XMLCh *uri, const XMLCh *localname, const XMLCh *qname,
+                      const xercesc::Attributes &attrs) override;
+    void endElement(const XMLCh *uri, const XMLCh *localname, const XMLCh *qname) override;
+    void characters(const XMLCh *chars, XMLSize_t length) override;
+
+    // LexicalHandler
+    void comment(const XMLCh *chars, XMLSize_t length) override;
+
+    // ErrorHandler: reported, never thrown, so the reader decides how the
+    // parse goes on.
+    void warning(const xercesc::SAXParseException &exc) override;
+    void error(const xercesc::SAXParseException &exc) override;
+    void fatalError(const xercesc::SAXParseException &exc) override;
+
+private:
+    struct WideForm;
+    struct NarrowForm;
+
+    template <class Form>
+    void OnStartElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname, const XMLCh *qname,
+                        const xercesc::Attributes &attrs);
+    template <class Form>
+    void OnEndElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname, const XMLCh *qname);
+    template <class Form> void OnComment(const typename Form::Table &table, const XMLCh *chars);
+    template <class Form>
+    void OnDiagnostic(const typename Form::Table &table, int32_t nCode, const xercesc::SAXParseException &exc);
+    using DocumentCallback = void (*)(void *hParser, void *pContext);
+    void DocumentEvent(DocumentCallback wide, DocumentCallback narrow);
+    void Diagnostic(int32_t nCode, const xercesc::SAXParseException &exc);
+    void RecordLocation();
+
+    void *m_pParser;
+    void *m_pContext;
+    int32_t m_nDepth = 0;
+    CZUXMLTextStack<std::basic_string<XMLCh>> m_TextW;
+    CZUXMLTextStack<std::string> m_TextA;
+    const xercesc::Locator *m_pLocator = nullptr;
+    // Xerces' locator reads through its reader, which is gone once a scan
+    // has ended (reading it then crashes); the position is therefore taken
+    // at each event, while the scan is sure to be running.
+    uint64_t m_nLine = 0;
+    uint64_t m_nColumn = 0;
+    const Sax2CallbackTableW m_CallbacksW;
+    const Sax2CallbackTableA m_CallbacksA;
+};
+
+} // namespace zuxml

@@ -1,0 +1,25 @@
+// UTF-16 units through ZuXmlLoadFromBufW, then the same walk, edits and
+// serialisation as the narrow target.
+#include <clocale>
+#include <cstring>
+
+#include "fuzz_walk.h"
+
+extern "C" int LLVMFuzzerInitialize(int *, char ***) {
+    std::setlocale(LC_ALL, "C.UTF-8");
+    return ZuXmlInit() == 1 ? 0 : 1;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size) {
+    FuzzedDataProvider data(bytes, size);
+    const std::string raw = data.ConsumeRandomLengthString(size);
+    std::vector<ZuXmlWChar> text(raw.size() / 2 + 1);
+    std::memcpy(text.data(), raw.data(), raw.size() / 2 * 2);
+    ZuXmlDocument doc = ZuXmlCreateDocument();
+    if (ZuXmlLoadFromBufW(doc, text.data(), static_cast<uint32_t>(raw.size() / 2)) == 1) {
+        zuxml_fuzz::WalkDocument(doc, data);
+        zuxml_fuzz::EditAndWrite(doc, data);
+    }
+    ZuXmlReleaseDocument(doc);
+    return 0;
+}

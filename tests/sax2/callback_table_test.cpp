@@ -1,0 +1,173 @@
+// Which table serves each event, and what each entry receives.
+#include <gtest/gtest.h>
+
+#include "trace.h"
+
+using namespace zuxml_sax2_test;
+
+namespace {
+
+const char kTwoAttributes[] = "<a x=\"1\" y=\"2\"/>";
+
+} // namespace
+
+TEST(CallbackTable, SettersAnswerOneForAParser) {
+    TracedParser parser;
+    EXPECT_EQ(1, ZuXmlSetSax2ParserCallbacksW(parser.handle(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                              nullptr, nullptr));
+    EXPECT_EQ(1, ZuXmlSetSax2ParserCallbacksA(parser.handle(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                              nullptr, nullptr));
+}
+
+TEST(CallbackTable, AllEntriesNullParsesTheDocumentAndCallsNothing) {
+    EXPECT_EQ(Trace{}, TraceOf("<!--c--><a x=\"1\">text<b/><c>t</c></a>", [](TracedParser &) {}));
+}
+
+TEST(CallbackTable, BothTablesSetDeliverEveryEventWide) {
+    EXPECT_EQ(
+        (Trace{"W:StartDocument()", "W:StartElement(0,2,\"\",\"a\",\"a\")",
+               "W:Attribute(0,0,\"\",\"x\",\"x\",\"CDATA\",\"1\")", "W:Attribute(0,1,\"\",\"y\",\"y\",\"CDATA\",\"2\")",
+               "W:AttributesDone(0)", "W:EndElement(0,\"\",\"a\",\"a\",\"\")", "W:EndDocument()"}),
+        TraceOf(kTwoAttributes, [](TracedParser &parser) {
+            parser.SetAllW();
+            parser.SetAllA();
+        }));
+}
+
+TEST(CallbackTable, OnlyWideEntriesSetNeverGetAttributesDone) {
+    EXPECT_EQ(
+        (Trace{"W:StartDocument()", "W:StartElement(0,2,\"\",\"a\",\"a\")",
+               "W:Attribute(0,0,\"\",\"x\",\"x\",\"CDATA\",\"1\")", "W:Attribute(0,1,\"\",\"y\",\"y\",\"CDATA\",\"2\")",
+               "W:EndElement(0,\"\",\"a\",\"a\",\"\")", "W:EndDocument()"}),
+        TraceOf(kTwoAttributes, [](TracedParser &parser) { parser.SetAllW(); }));
+}
+
+TEST(CallbackTable, NarrowAttributeEntryAloneMakesWideStartTagsEndWithWideAttributesDone) {
+    EXPECT_EQ(
+        (Trace{"W:StartDocument()", "W:StartElement(0,1,\"\",\"a\",\"a\")",
+               "W:Attribute(0,0,\"\",\"x\",\"x\",\"CDATA\",\"1\")", "W:AttributesDone(0)",
+               "W:StartElement(1,0,\"\",\"b\",\"b\")", "W:AttributesDone(1)", "W:EndElement(1,\"\",\"b\",\"b\",\"\")",
+               "W:EndElement(0,\"\",\"a\",\"a\",\"\")", "W:EndDocument()"}),
+        TraceOf("<a x=\"1\"><b/></a>", [](TracedParser &parser) {
+            parser.SetAllW();
+            ZuXmlSetSax2ParserCallbacksA(parser.handle(), nullptr, nullptr, nullptr, record::AttributeA, nullptr,
+                                         nullptr, nullptr, nullptr);
+        }));
+}
+
+TEST(CallbackTable, NarrowTableAloneDeliversEveryEventNarrow) {
+    TempFile file("<?xml version=\"1.0\"?>\n<!--before-->\n"
+                  "<r xmlns=\"urn:r\" xmlns:q=\"urn:q\" q:k=\"v\">text<q:e id=\"7\">inner</q:e><!--in--></r>\n");
+    TracedParser parser;
+    parser.SetAllA();
+    EXPECT_EQ(1, parser.Load(file.path()));
+    EXPECT_EQ(
+        (Trace{"A:StartDocument()", "A:Comment(0,\"before\")", "A:StartElement(0,1,\"urn:r\",\"r\",\"r\")",
+               "A:Attribute(0,0,\"urn:q\",\"k\",\"q:k\",\"CDATA\",\"v\")", "A:AttributesDone(0)",
+               "A:StartElement(1,1,\"urn:q\",\"e\",\"q:e\")", "A:Attribute(1,0,\"\",\"id\",\"id\",\"CDATA\",\"7\")",
+               "A:AttributesDone(1)", "A:EndElement(1,\"urn:q\",\"e\",\"q:e\",\"inner\")", "A:Comment(1,\"in\")",
+               "A:EndElement(0,\"urn:r\",\"r\",\"r\",\"text\")", "A:EndDocument()"}),
+        parser.events());
+}
+
+TEST(CallbackTable, NarrowStartElementWithWideEndElementMixesTheForms) {
+    EXPECT_EQ((Trace{"A:StartElement(0,1,\"\",\"a\",\"a\")", "A:StartElement(1,0,\"\",\"b\",\"b\")",
+                     "W:EndElement(1,\"\",\"b\",\"b\",\"t\")", "W:EndElement(0,\"\",\"a\",\"a\",\"\")"}),
+              TraceOf("<a x=\"1\"><b>t</b></a>", [](TracedParser &parser) {
+                  ZuXmlSetSax2ParserCallbacksA(parser.handle(), nullptr, nullptr, record::StartElementA, nullptr,
+                                               nullptr, nullptr, nullptr, nullptr);
+                  ZuXmlSetSax2ParserCallbacksW(parser.handle(), nullptr, nullptr, nullptr, nullptr, nullptr,
+                                               record::EndElementW, nullptr, nullptr);
+              }));
+}
+
+TEST(CallbackTable, WithoutEndElementEntriesTextIsNeverCollected) {
+    EXPECT_EQ((Trace{"W:StartElement(0,0,\"\",\"a\",\"a\")", "W:StartElement(1,0,\"\",\"b\",\"b\")"}),
+              TraceOf("<a>lost<b>also lost</b></a>", [](TracedParser &parser) {
+                  parser.SetAllW();
+                  parser.SetAllA();
+                  ZuXmlSetSax2ParserCallbacksW(parser.handle(), nullptr, nullptr, record::StartElementW, nullptr,
+                                               nullptr, nullptr, nullptr, nullptr);
+                  ZuXmlSetSax2ParserCallbacksA(parser.handle(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                               nullptr, nullptr);
+              }));
+}
+
+TEST(CallbackTable, CommentBeforeTheRootHasDepthZeroAndInsideItDepthOne) {
+    EXPECT_EQ((Trace{"W:Comment(0,\"out\")", "W:Comment(1,\"in\")", "W:Comment(0,\"after\")"}),
+              TraceOf("<!--out--><a><!--in--></a><!--after-->", [](TracedParser &parser) {
+                  ZuXmlSetSax2ParserCallbacksW(parser.handle(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                               record::CommentW, nullptr);
+              }));
+}
+
+TEST(CallbackTable, WithoutCommentEntriesNoCommentIsReported) {
+    EXPECT_EQ((Trace{"W:StartDocument()", "A:EndDocument()"}),
+              TraceOf("<!--out--><a><!--in--></a>", [](TracedParser &parser) {
+                  parser.SetAllW();
+                  parser.SetAllA();
+                  ZuXmlSetSax2ParserCallbacksW(parser.handle(), record::StartDocumentW, nullptr, nullptr, nullptr,
+                                               nullptr, nullptr, nullptr, nullptr);
+                  ZuXmlSetSax2ParserCallbacksA(parser.handle(), nullptr, record::EndDocumentA, nullptr, nullptr,
+                                               nullptr, nullptr, nullptr, nullptr);
+              }));
+}
+
+TEST(CallbackTable, NarrowCommentEntryAloneMakesCommentsReported) {
+    EXPECT_EQ((Trace{"A:Comment(0,\"out\")", "A:Comment(1,\"in\")"}),
+              TraceOf("<!--out--><a><!--in--></a>", [](TracedParser &parser) {
+                  ZuXmlSetSax2ParserCallbacksA(parser.handle(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                               record::CommentA, nullptr);
+              }));
+}
+
+TEST(CallbackTable, FatalErrorArrivesAsCode21WithXercesMessage) {
+    EXPECT_EQ((Trace{"W:StartDocument()", "W:StartElement(0,0,\"\",\"a\",\"a\")",
+                     "W:StartElement(1,0,\"\",\"b\",\"b\")", "W:Diagnostic(21,\"expected end of tag 'b'\")"}),
+              TraceOf("<a><b></a>", [](TracedParser &parser) { parser.SetAllW(); }));
+}
+
+namespace {
+
+// Callbacks that answer something, installed where the table expects
+// functions answering nothing, as a C caller may do.
+int StartDocumentAnswering(ZuXmlSax2Parser h, void *c) {
+    record::StartDocumentW(h, c);
+    return 0;
+}
+int StartElementAnswering(ZuXmlSax2Parser h, void *c, int32_t d, int32_t n, const ZuXmlWChar *u, const ZuXmlWChar *l,
+                          const ZuXmlWChar *q) {
+    record::StartElementW(h, c, d, n, u, l, q);
+    return -1;
+}
+int EndElementAnswering(ZuXmlSax2Parser h, void *c, int32_t d, const ZuXmlWChar *u, const ZuXmlWChar *l,
+                        const ZuXmlWChar *q, const ZuXmlWChar *t) {
+    record::EndElementW(h, c, d, u, l, q, t);
+    return 1;
+}
+
+// The detour through a function of no arguments keeps the compiler from
+// warning about the cast between function types.
+template <class Entry, class Function> Entry Installed(Function function) {
+    return reinterpret_cast<Entry>(reinterpret_cast<void (*)()>(function));
+}
+
+} // namespace
+
+TEST(CallbackTable, ValuesThatCallbacksAnswerAreIgnored) {
+    TempFile file("<a><b>1</b><b>2</b></a>");
+    TracedParser expected;
+    ZuXmlSetSax2ParserCallbacksW(expected.handle(), record::StartDocumentW, nullptr, record::StartElementW, nullptr,
+                                 nullptr, record::EndElementW, nullptr, nullptr);
+    ASSERT_EQ(1, expected.Load(file.path()));
+
+    for (const int32_t mode : {0, 1}) {
+        TracedParser parser;
+        ZuXmlSetSax2ParserCallbacksW(parser.handle(), Installed<ZuXmlSax2StartDocumentCallback>(StartDocumentAnswering),
+                                     nullptr, Installed<ZuXmlSax2StartElementCallbackW>(StartElementAnswering), nullptr,
+                                     nullptr, Installed<ZuXmlSax2EndElementCallbackW>(EndElementAnswering), nullptr,
+                                     nullptr);
+        EXPECT_EQ(1, parser.Load(file.path(), mode)) << "mode " << mode;
+        EXPECT_EQ(expected.events(), parser.events()) << "mode " << mode;
+    }
+}

@@ -237,7 +237,7 @@ TEST(Load, XMLExceptionThrownByACallbackIsReportedByXercesAsAFatalError) {
         EXPECT_EQ(1, outcome.result) << "mode " << mode;
         EXPECT_EQ("", outcome.output) << "mode " << mode;
         EXPECT_EQ((Trace{"W:StartElement(0,0,\"\",\"a\",\"a\")", "W:StartElement(1,0,\"\",\"b\",\"b\")",
-                         "W:Diagnostic(21,\"" + Utf8(thrown.getMessage()) + "\")"}),
+                         "W:Diagnostic(21,\"" + Utf8(reinterpret_cast<const ZuXmlWChar *>(thrown.getMessage())) + "\")"}),
                   parser.events())
             << "mode " << mode;
     }
@@ -377,7 +377,7 @@ TEST(Load, NullParserHandleIsRejected) {
     TempFile file(kThreeChildren);
     EXPECT_EQ(0, ZuXmlSax2LoadFromFileA(nullptr, file.path().c_str(), 0));
     EXPECT_EQ(0, ZuXmlSax2LoadFromFileA(nullptr, file.path().c_str(), 1));
-    EXPECT_EQ(0, ZuXmlSax2LoadFromFileW(nullptr, u"x.xml", 0));
+    EXPECT_EQ(0, ZuXmlSax2LoadFromFileW(nullptr, reinterpret_cast<const ZuXmlWChar *>(u"x.xml"), 0));
     uint64_t line = 5;
     EXPECT_EQ(0, ZuXmlGetSax2CurrentLocation(nullptr, &line, nullptr));
     EXPECT_EQ(5u, line);

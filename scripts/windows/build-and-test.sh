@@ -51,6 +51,15 @@ trap stop_wine EXIT
 step "Wine prefix" wine_prefix
 
 configure_and_build() {
+  # A build tree made with another toolchain file starts afresh: its cache
+  # keeps the flags the old file gave.
+  local toolchain_sum
+  toolchain_sum=$(sha256sum <"$root/cmake/toolchains/mingw-w64-x86_64.cmake")
+  if [ "$(cat "$build/zuxml/.toolchain" 2>/dev/null)" != "$toolchain_sum" ]; then
+    rm -rf "$build/zuxml"
+    mkdir -p "$build/zuxml"
+    echo "$toolchain_sum" >"$build/zuxml/.toolchain"
+  fi
   cmake -S "$root" -B "$build/zuxml" \
     -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchains/mingw-w64-x86_64.cmake" \
     -DCMAKE_PREFIX_PATH="$build/xerces-prefix;$build/googletest-prefix" \

@@ -22,5 +22,18 @@ for dir in "$build/zuxml" "$build/xerces-prefix/bin"; do
 done
 export WINEPATH="$winepath${WINEPATH:+;$WINEPATH}"
 
-"$wine" "$@" | tr -d '\r'
-exit "${PIPESTATUS[0]}"
+# The output goes through a file, not a pipe: Wine's own services may hold
+# a pipe open long after the program ends. Now and then a Wine process ends
+# before the program starts, having written nothing: that is tried again.
+out=$(mktemp)
+trap 'rm -f "$out"' EXIT
+for attempt in 1 2 3; do
+  status=0
+  "$wine" "$@" >"$out" || status=$?
+  if [ "$status" -eq 0 ] || [ -s "$out" ]; then
+    break
+  fi
+  echo "wine-run.sh: $1 ended with $status before writing anything (attempt $attempt)" >&2
+done
+tr -d '\r' <"$out"
+exit "$status"

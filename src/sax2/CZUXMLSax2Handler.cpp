@@ -24,11 +24,13 @@ struct CZUXMLSax2Handler::WideForm {
     class Text {
     public:
         explicit Text(const XMLCh *text) : m_pText(text ? text : kNoText) {}
+        Text(CZUXMLSax2Handler &, const XMLCh *text) : Text(text) {}
         const ZuXmlWChar *get() const { return reinterpret_cast<const ZuXmlWChar *>(m_pText); }
 
     private:
         const XMLCh *m_pText;
     };
+    using Name = Text;
 
     static CZUXMLTextStack<std::basic_string<XMLCh>> &Stack(CZUXMLSax2Handler &handler) { return handler.m_TextW; }
     static void Append(std::basic_string<XMLCh> &slot, const XMLCh *chars) { slot.append(chars); }
@@ -59,6 +61,16 @@ struct CZUXMLSax2Handler::NarrowForm {
         char *m_pText;
     };
 
+    // Names recur: each is transcoded once per load and then reused.
+    class Name {
+    public:
+        Name(CZUXMLSax2Handler &handler, const XMLCh *name) : m_pName(handler.m_NarrowNames.Get(name)) {}
+        const char *get() const { return m_pName; }
+
+    private:
+        const char *m_pName;
+    };
+
     static CZUXMLTextStack<std::string> &Stack(CZUXMLSax2Handler &handler) { return handler.m_TextA; }
     static void Append(std::string &slot, const XMLCh *chars) { slot.append(Text(chars).get()); }
     static const char *View(const std::string &slot) { return slot.c_str(); }
@@ -71,17 +83,36 @@ CZUXMLSax2Handler::CZUXMLSax2Handler(void *hParser, void *pContext, const Sax2Ca
 int32_t CZUXMLSax2Handler::Location(uint64_t *pnLine, uint64_t *pnColumn) const {
     if (!m_pLocator)
         return 0;
-    if (pnLine)
-        *pnLine = m_nLine;
-    if (pnColumn)
-        *pnColumn = m_nColumn;
+    if (!m_bScanEnded) {
+        if (pnLine)
+            *pnLine = m_pLocator->getLineNumber();
+        if (pnColumn)
+            *pnColumn = m_pLocator->getColumnNumber();
+    } else {
+        if (pnLine)
+            *pnLine = m_nLine;
+        if (pnColumn)
+            *pnColumn = m_nColumn;
+    }
     return 1;
 }
 
 void CZUXMLSax2Handler::RecordLocation() {
-    if (m_pLocator) {
+    if (m_pLocator && !m_bScanEnded) {
         m_nLine = m_pLocator->getLineNumber();
         m_nColumn = m_pLocator->getColumnNumber();
+    }
+}
+
+// An exception on its way out of the parse takes the position with it while
+// the locator can still be read: once the exception has left Xerces, the
+// scan is over. On the way through, this costs nothing.
+template <class Event> void CZUXMLSax2Handler::Guarded(Event event) {
+    try {
+        event();
+    } catch (...) {
+        RecordLocation();
+        throw;
     }
 }
 
@@ -94,43 +125,47 @@ void CZUXMLSax2Handler::endDocument() { DocumentEvent(m_CallbacksW.pEndDocument,
 // Start and end of the document carry no text, so both tables share their
 // entry types and the chosen one is called as it is.
 void CZUXMLSax2Handler::DocumentEvent(DocumentCallback wide, DocumentCallback narrow) {
-    RecordLocation();
-    if (wide)
-        wide(m_pParser, m_pContext);
-    else if (narrow)
-        narrow(m_pParser, m_pContext);
+    Guarded([&] {
+        RecordLocation();
+        if (wide)
+            wide(m_pParser, m_pContext);
+        else if (narrow)
+            narrow(m_pParser, m_pContext);
+    });
 }
 
 void CZUXMLSax2Handler::startElement(const XMLCh *uri, const XMLCh *localname, const XMLCh *qname,
                                      const Attributes &attrs) {
-    RecordLocation();
-    if (m_CallbacksW.pStartElement)
-        OnStartElement<WideForm>(m_CallbacksW, uri, localname, qname, attrs);
-    else if (m_CallbacksA.pStartElement)
-        OnStartElement<NarrowForm>(m_CallbacksA, uri, localname, qname, attrs);
-    // The depth rises even when nobody hears of the start tag, so that the
-    // depths of end tags and comments stay right.
-    m_TextW.At(m_nDepth).clear();
-    m_TextA.At(m_nDepth).clear();
-    ++m_nDepth;
+    Guarded([&] {
+        if (m_CallbacksW.pStartElement)
+            OnStartElement<WideForm>(m_CallbacksW, uri, localname, qname, attrs);
+        else if (m_CallbacksA.pStartElement)
+            OnStartElement<NarrowForm>(m_CallbacksA, uri, localname, qname, attrs);
+        // The depth rises even when nobody hears of the start tag, so that the
+        // depths of end tags and comments stay right.
+        m_TextW.At(m_nDepth).clear();
+        m_TextA.At(m_nDepth).clear();
+        ++m_nDepth;
+    });
 }
 
 template <class Form>
 void CZUXMLSax2Handler::OnStartElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname,
                                        const XMLCh *qname, const Attributes &attrs) {
+    using Name = typename Form::Name;
     using Text = typename Form::Text;
-    const Text szUri(uri);
-    const Text szLocalName(localname);
-    const Text szQName(qname);
+    const Name szUri(*this, uri);
+    const Name szLocalName(*this, localname);
+    const Name szQName(*this, qname);
     const XMLSize_t count = attrs.getLength();
     if (table.pStartElement)
         table.pStartElement(m_pParser, m_pContext, m_nDepth, static_cast<int32_t>(count), szUri.get(),
                             szLocalName.get(), szQName.get());
     for (XMLSize_t index = 0; index < count; ++index) {
-        const Text szAttrUri(attrs.getURI(index));
-        const Text szAttrLocalName(attrs.getLocalName(index));
-        const Text szAttrQName(attrs.getQName(index));
-        const Text szType(attrs.getType(index));
+        const Name szAttrUri(*this, attrs.getURI(index));
+        const Name szAttrLocalName(*this, attrs.getLocalName(index));
+        const Name szAttrQName(*this, attrs.getQName(index));
+        const Name szType(*this, attrs.getType(index));
         const Text szValue(attrs.getValue(index));
         if (table.pAttribute)
             table.pAttribute(m_pParser, m_pContext, m_nDepth, static_cast<int32_t>(index), szAttrUri.get(),
@@ -147,22 +182,23 @@ void CZUXMLSax2Handler::OnStartElement(const typename Form::Table &table, const 
 }
 
 void CZUXMLSax2Handler::endElement(const XMLCh *uri, const XMLCh *localname, const XMLCh *qname) {
-    RecordLocation();
-    --m_nDepth;
-    if (m_CallbacksW.pEndElement)
-        OnEndElement<WideForm>(m_CallbacksW, uri, localname, qname);
-    else if (m_CallbacksA.pEndElement)
-        OnEndElement<NarrowForm>(m_CallbacksA, uri, localname, qname);
+    Guarded([&] {
+        --m_nDepth;
+        if (m_CallbacksW.pEndElement)
+            OnEndElement<WideForm>(m_CallbacksW, uri, localname, qname);
+        else if (m_CallbacksA.pEndElement)
+            OnEndElement<NarrowForm>(m_CallbacksA, uri, localname, qname);
+    });
 }
 
 // The slot is left as it is: the next start tag at this depth clears it.
 template <class Form>
 void CZUXMLSax2Handler::OnEndElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname,
                                      const XMLCh *qname) {
-    using Text = typename Form::Text;
-    const Text szUri(uri);
-    const Text szLocalName(localname);
-    const Text szQName(qname);
+    using Name = typename Form::Name;
+    const Name szUri(*this, uri);
+    const Name szLocalName(*this, localname);
+    const Name szQName(*this, qname);
     table.pEndElement(m_pParser, m_pContext, m_nDepth, szUri.get(), szLocalName.get(), szQName.get(),
                       Form::View(Form::Stack(*this).At(m_nDepth)));
 }
@@ -171,21 +207,23 @@ void CZUXMLSax2Handler::OnEndElement(const typename Form::Table &table, const XM
 // for an open element: character data at depth 0 belongs to nobody. Text
 // runs to its terminator; the length Xerces passes is not used.
 void CZUXMLSax2Handler::characters(const XMLCh *chars, XMLSize_t) {
-    RecordLocation();
-    if (m_nDepth <= 0)
-        return;
-    if (m_CallbacksW.pEndElement)
-        WideForm::Append(m_TextW.At(m_nDepth - 1), chars);
-    else if (m_CallbacksA.pEndElement)
-        NarrowForm::Append(m_TextA.At(m_nDepth - 1), chars);
+    Guarded([&] {
+        if (m_nDepth <= 0)
+            return;
+        if (m_CallbacksW.pEndElement)
+            WideForm::Append(m_TextW.At(m_nDepth - 1), chars);
+        else if (m_CallbacksA.pEndElement)
+            NarrowForm::Append(m_TextA.At(m_nDepth - 1), chars);
+    });
 }
 
 void CZUXMLSax2Handler::comment(const XMLCh *chars, XMLSize_t) {
-    RecordLocation();
-    if (m_CallbacksW.pComment)
-        OnComment<WideForm>(m_CallbacksW, chars);
-    else if (m_CallbacksA.pComment)
-        OnComment<NarrowForm>(m_CallbacksA, chars);
+    Guarded([&] {
+        if (m_CallbacksW.pComment)
+            OnComment<WideForm>(m_CallbacksW, chars);
+        else if (m_CallbacksA.pComment)
+            OnComment<NarrowForm>(m_CallbacksA, chars);
+    });
 }
 
 template <class Form> void CZUXMLSax2Handler::OnComment(const typename Form::Table &table, const XMLCh *chars) {
@@ -200,11 +238,13 @@ void CZUXMLSax2Handler::error(const SAXParseException &exc) { Diagnostic(SAX2_ER
 void CZUXMLSax2Handler::fatalError(const SAXParseException &exc) { Diagnostic(SAX2_FATAL_ERROR, exc); }
 
 void CZUXMLSax2Handler::Diagnostic(int32_t nCode, const SAXParseException &exc) {
-    RecordLocation();
-    if (m_CallbacksW.pDiagnostic)
-        OnDiagnostic<WideForm>(m_CallbacksW, nCode, exc);
-    else if (m_CallbacksA.pDiagnostic)
-        OnDiagnostic<NarrowForm>(m_CallbacksA, nCode, exc);
+    Guarded([&] {
+        RecordLocation();
+        if (m_CallbacksW.pDiagnostic)
+            OnDiagnostic<WideForm>(m_CallbacksW, nCode, exc);
+        else if (m_CallbacksA.pDiagnostic)
+            OnDiagnostic<NarrowForm>(m_CallbacksA, nCode, exc);
+    });
 }
 
 template <class Form>

@@ -14,6 +14,7 @@
 #include <xercesc/sax2/DefaultHandler.hpp>
 
 #include "sax2/CZUXMLNarrowNames.h"
+#include "sax2/CZUXMLNarrowRecent.h"
 #include "sax2/Sax2CallbackTable.h"
 
 namespace zuxml {
@@ -99,12 +100,18 @@ private:
     void RecordLocation();
     template <class Event> void Guarded(Event event);
 
+    // The form in which character data is gathered: that of the EndElement
+    // entry that will deliver it, wide preferred; none without one.
+    enum class TextForm { None, Wide, Narrow };
+
     void *m_pParser;
     void *m_pContext;
+    const TextForm m_eTextForm;
     int32_t m_nDepth = 0;
     CZUXMLTextStack<std::basic_string<XMLCh>> m_TextW;
     CZUXMLTextStack<std::string> m_TextA;
     CZUXMLNarrowNames m_NarrowNames;
+    CZUXMLNarrowRecent m_NarrowRecent;
     const xercesc::Locator *m_pLocator = nullptr;
     // Where the parse stopped, for after the scan: taken at the start of
     // the document, at each diagnostic and when a callback throws, never

@@ -22,7 +22,7 @@ constexpr int32_t kParsed = 1;
 
 void PrintExceptionMessage(const XMLCh *message) {
     char *text = XMLString::transcode(message, XMLPlatformUtils::fgMemoryManager);
-    std::cout << "Exception message is: \n" << text << "\n";
+    std::cout << "Exception message is: \n" << (text ? text : "") << "\n";
     XMLString::release(&text, XMLPlatformUtils::fgMemoryManager);
 }
 

@@ -82,12 +82,12 @@ struct CZUXMLSax2Handler::WideForm {
 };
 
 // Narrow callbacks take Xerces' text in its local code page, made by
-// Xerces' own transcoder (not the C runtime's locale) and released as soon
-// as the callback has returned.
+// XMLString::transcode (Xerces' own transcoder, not the C runtime's
+// locale). Texts that recur are transcoded once and their bytes reused.
 struct CZUXMLSax2Handler::NarrowForm {
     using Table = Sax2CallbackTableA;
 
-    // Texts that recur, recently enough, are not transcoded again.
+    // Values, comments, messages: kept while they recur often enough.
     class Text {
     public:
         Text(CZUXMLSax2Handler &handler, const XMLCh *text) : m_pText(handler.m_NarrowRecent.Get(text)) {}
@@ -97,7 +97,7 @@ struct CZUXMLSax2Handler::NarrowForm {
         const char *m_pText;
     };
 
-    // Names recur: each is transcoded once per load and then reused.
+    // Names, URIs and types: each transcoded once per load.
     class Name {
     public:
         Name(CZUXMLSax2Handler &handler, const XMLCh *name) : m_pName(handler.m_NarrowNames.Get(name)) {}
@@ -185,14 +185,14 @@ void CZUXMLSax2Handler::startElement(const XMLCh *uri, const XMLCh *localname, c
             OnStartElement<WideForm>(m_CallbacksW, uri, localname, qname, attrs);
         else if (m_CallbacksA.pStartElement)
             OnStartElement<NarrowForm>(m_CallbacksA, uri, localname, qname, attrs);
-        // The depth rises even when nobody hears of the start tag, so that the
-        // depths of end tags and comments stay right.
         // Only the form that end tags deliver is ever gathered during a
         // load, so only its slot can hold text from an earlier element.
         if (m_eTextForm == TextForm::Wide)
             m_TextW.At(m_nDepth).clear();
         else if (m_eTextForm == TextForm::Narrow)
             m_TextA.At(m_nDepth).clear();
+        // The depth rises even when nobody hears of the start tag, so that
+        // the depths of end tags and comments stay right.
         ++m_nDepth;
     });
 }
@@ -253,7 +253,7 @@ void CZUXMLSax2Handler::OnEndElement(const typename Form::Table &table, const XM
 
 // Text is gathered only in the form that its end tag will deliver, and only
 // for an open element: character data at depth 0 belongs to nobody. Text
-// runs to its terminator; the length Xerces passes is not used.
+// runs to its terminator; Xerces' length only says where to look for it.
 // No caller code runs here, so nothing needs guarding.
 void CZUXMLSax2Handler::characters(const XMLCh *chars, XMLSize_t length) {
     if (m_nDepth <= 0)

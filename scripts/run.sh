@@ -21,6 +21,9 @@ case "${1:-}" in
     scripts/install-deps.sh
     configure_and_build build -DZUXML_BUILD_TESTS=OFF
     build/examples/zuxml_tree examples/sample.xml
+    build/examples/zuxml_build build/zuxml_build.xml
+    build/examples/zuxml_stream examples/sample.xml
+    build/examples/zuxml_stream examples/sample.xml 3
     ;;
   test)
     scripts/install-deps.sh

@@ -134,18 +134,16 @@ int main(int argc, char **argv) {
     XMLCh *path = XMLString::transcode(name);
     const char *labels[3] = {"raw Xerces SAX2", "ZuXml wide", "ZuXml narrow"};
     const char *names[3] = {"raw", "wide", "narrow"};
-    bool run[3] = {true, true, true};
+    // Named variants run alone; none named runs all three.
+    bool run[3] = {false, false, false};
     bool withComments = true;
     for (int arg = 3; arg < argc; ++arg) {
-        if (std::string(argv[arg]) == "nocomments") {
-            withComments = false;
-            continue;
-        }
-        if (arg == 3 || (arg == 4 && !withComments))
-            run[0] = run[1] = run[2] = false;
+        withComments = withComments && std::string(argv[arg]) != "nocomments";
         for (int i = 0; i < 3; ++i)
             run[i] = run[i] || std::string(argv[arg]) == names[i];
     }
+    if (!run[0] && !run[1] && !run[2])
+        run[0] = run[1] = run[2] = true;
     double best[3] = {1e9, 1e9, 1e9};
     Counts counts[3];
     for (int round = 0; round < rounds; ++round) {

@@ -4,12 +4,13 @@
 // or a leak).
 #include <gtest/gtest.h>
 
+#include "support/text.h"
 #include "trace.h"
 
 using namespace zuxml_sax2_test;
 
 TEST(Release, ReleaseSax2ParserDestroysADocumentHandle) {
-    ZuXmlDocument hDocument = ZuXmlCreateWriteDocumentW(u"root", u"urn:r", nullptr);
+    ZuXmlDocument hDocument = ZuXmlCreateWriteDocumentW(zuxml_test::W(u"root").c_str(), zuxml_test::W(u"urn:r").c_str(), nullptr);
     ASSERT_NE(nullptr, hDocument);
     ASSERT_NE(nullptr, ZuXmlGetRootNode(hDocument));
     EXPECT_EQ(1, ZuXmlReleaseSax2Parser(hDocument));

@@ -9,17 +9,22 @@ cd "$(dirname "$0")/.."
 
 jobs=$(nproc 2>/dev/null || echo 2)
 
-configure_and_build() { # build-dir, extra cmake arguments...
+configure() { # build-dir, extra cmake arguments...
   local dir=$1
   shift
   cmake -S . -B "$dir" "$@"
-  cmake --build "$dir" --parallel "$jobs"
+}
+
+configure_and_build() { # build-dir, extra cmake arguments...
+  configure "$@"
+  cmake --build "$1" --parallel "$jobs"
 }
 
 case "${1:-}" in
   example)
     scripts/install-deps.sh
-    configure_and_build build -DZUXML_BUILD_TESTS=OFF
+    configure build -DZUXML_BUILD_EXAMPLES=ON
+    cmake --build build --parallel "$jobs" --target zuxml_tree zuxml_build zuxml_stream
     build/examples/zuxml_tree examples/sample.xml
     build/examples/zuxml_build build/zuxml_build.xml
     build/examples/zuxml_stream examples/sample.xml
@@ -27,7 +32,7 @@ case "${1:-}" in
     ;;
   test)
     scripts/install-deps.sh
-    configure_and_build build
+    configure_and_build build -DZUXML_BUILD_TESTS=ON -DZUXML_BUILD_EXAMPLES=ON
     ctest --test-dir build --output-on-failure --parallel "$jobs"
     ;;
   sanitize)

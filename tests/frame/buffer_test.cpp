@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <string>
 
 #include "frame/buffer.h"
 #include "support/text.h"
@@ -17,6 +18,12 @@ struct LengthCase {
     int32_t expectedResult;
     int32_t expectedLength;
 };
+
+// Names a length case after its length: Length6, LengthMinus1.
+std::string CaseName(const ::testing::TestParamInfo<LengthCase> &info) {
+    const int64_t length = info.param.length;
+    return length < 0 ? "LengthMinus" + std::to_string(-length) : "Length" + std::to_string(length);
+}
 
 class WideProtocol : public ::testing::TestWithParam<LengthCase> {};
 
@@ -43,7 +50,8 @@ TEST_P(WideProtocol, AnswersAndWritesByLength) {
 INSTANTIATE_TEST_SUITE_P(Lengths, WideProtocol,
                          ::testing::Values(LengthCase{5, 0, 6}, LengthCase{6, 1, 6}, LengthCase{7, 1, 7},
                                            LengthCase{10, 1, 10}, LengthCase{0, 0, 6}, LengthCase{-1, 0, 6},
-                                           LengthCase{-100, 0, 6}, LengthCase{INT32_MIN, 0, 6}));
+                                           LengthCase{-100, 0, 6}, LengthCase{INT32_MIN, 0, 6}),
+                         CaseName);
 
 TEST(WideProtocolTest, RetryWithReportedLengthSucceeds) {
     TextResult text;
@@ -98,7 +106,8 @@ TEST_P(NarrowProtocol, AnswersLikeTheWideFormAndWritesTheLocaleForm) {
 
 INSTANTIATE_TEST_SUITE_P(Lengths, NarrowProtocol,
                          ::testing::Values(LengthCase{5, 0, 6}, LengthCase{6, 1, 6}, LengthCase{10, 1, 10},
-                                           LengthCase{0, 0, 6}, LengthCase{-1, 0, 6}, LengthCase{-7, 0, 6}));
+                                           LengthCase{0, 0, 6}, LengthCase{-1, 0, 6}, LengthCase{-7, 0, 6}),
+                         CaseName);
 
 TEST(NarrowProtocolTest, FailedOperationLeavesTheEmptyString) {
     TextResult text;

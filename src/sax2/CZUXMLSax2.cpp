@@ -22,7 +22,7 @@ constexpr int32_t kParsed = 1;
 
 void PrintExceptionMessage(const XMLCh *message) {
     char *text = XMLString::transcode(message, XMLPlatformUtils::fgMemoryManager);
-    std::cout << "Exception message is: \n" << text << "\n";
+    std::cout << "Exception message is: \n" << (text ? text : "") << "\n";
     XMLString::release(&text, XMLPlatformUtils::fgMemoryManager);
 }
 
@@ -30,8 +30,10 @@ void PrintExceptionMessage(const XMLCh *message) {
 
 int32_t CZUXMLSax2::LoadFromFile(const XMLCh *path, int32_t nMode) {
     const int32_t result = nMode == 1 ? ParseProgressively(path) : ParseOnce(path);
-    if (result != kParsed)
+    if (result != kParsed) {
+        m_pHandler->EndScan();
         return result;
+    }
     EndLoad();
     return 1;
 }

@@ -1,5 +1,7 @@
 #include "sax2/CZUXMLSax2Handler.h"
 
+#include <cstring>
+
 #include <xercesc/sax/Locator.hpp>
 #include <xercesc/sax/SAXParseException.hpp>
 #include <xercesc/sax2/Attributes.hpp>
@@ -14,6 +16,45 @@ namespace {
 
 const XMLCh kNoText[] = {0};
 
+// The units of text before its terminator. Xerces' length is only a hint
+// where to look: XML text holds no zero unit, so the terminator normally
+// stands right there, and the units up to it are checked four at a time.
+size_t TextLength(const XMLCh *text, size_t length) {
+    static_assert(sizeof(XMLCh) == 2, "four units to a 64-bit word");
+    constexpr uint64_t kLow = 0x0001000100010001u;
+    constexpr uint64_t kHigh = 0x8000800080008000u;
+    size_t units = 0;
+    for (; units + 4 <= length; units += 4) {
+        uint64_t word;
+        std::memcpy(&word, text + units, sizeof word);
+        if ((word - kLow) & ~word & kHigh)
+            break;
+    }
+    while (text[units])
+        ++units;
+    return units;
+}
+
+// Short runs of white space, such as the line breaks and indentation that
+// lay out a document, recur as often as its names do.
+bool IsLayoutSpace(const XMLCh *text) {
+    constexpr int kLongest = 64;
+    for (int i = 0; i <= kLongest; ++i) {
+        switch (text[i]) {
+        case 0:
+            return true;
+        case u' ':
+        case u'\t':
+        case u'\n':
+        case u'\r':
+            continue;
+        default:
+            return false;
+        }
+    }
+    return false;
+}
+
 } // namespace
 
 // Wide callbacks take Xerces' own text: a callback's strings need only live
@@ -23,65 +64,99 @@ struct CZUXMLSax2Handler::WideForm {
 
     class Text {
     public:
-        explicit Text(const XMLCh *text) : m_pText(text ? text : kNoText) {}
+        Text(CZUXMLSax2Handler &, const XMLCh *text) : m_pText(text ? text : kNoText) {}
         const ZuXmlWChar *get() const { return reinterpret_cast<const ZuXmlWChar *>(m_pText); }
 
     private:
         const XMLCh *m_pText;
     };
+    using Name = Text;
 
     static CZUXMLTextStack<std::basic_string<XMLCh>> &Stack(CZUXMLSax2Handler &handler) { return handler.m_TextW; }
-    static void Append(std::basic_string<XMLCh> &slot, const XMLCh *chars) { slot.append(chars); }
+    static void Append(std::basic_string<XMLCh> &slot, const XMLCh *chars, XMLSize_t length) {
+        slot.append(chars, TextLength(chars, length));
+    }
     static const ZuXmlWChar *View(const std::basic_string<XMLCh> &slot) {
         return reinterpret_cast<const ZuXmlWChar *>(slot.c_str());
     }
 };
 
 // Narrow callbacks take Xerces' text in its local code page, made by
-// Xerces' own transcoder (not the C runtime's locale) and released as soon
-// as the callback has returned.
+// XMLString::transcode (Xerces' own transcoder, not the C runtime's
+// locale). Texts that recur are transcoded once and their bytes reused.
 struct CZUXMLSax2Handler::NarrowForm {
     using Table = Sax2CallbackTableA;
 
+    // Values, comments, messages: kept while they recur often enough.
     class Text {
     public:
-        explicit Text(const XMLCh *text)
-            : m_pText(text ? XMLString::transcode(text, XMLPlatformUtils::fgMemoryManager) : nullptr) {}
-        Text(const Text &) = delete;
-        Text &operator=(const Text &) = delete;
-        ~Text() {
-            if (m_pText)
-                XMLString::release(&m_pText, XMLPlatformUtils::fgMemoryManager);
-        }
-        const char *get() const { return m_pText ? m_pText : ""; }
+        Text(CZUXMLSax2Handler &handler, const XMLCh *text) : m_pText(handler.m_NarrowRecent.Get(text)) {}
+        const char *get() const { return m_pText; }
 
     private:
-        char *m_pText;
+        const char *m_pText;
+    };
+
+    // Names, URIs and types: each transcoded once per load.
+    class Name {
+    public:
+        Name(CZUXMLSax2Handler &handler, const XMLCh *name) : m_pName(handler.m_NarrowNames.Get(name)) {}
+        const char *get() const { return m_pName; }
+
+    private:
+        const char *m_pName;
     };
 
     static CZUXMLTextStack<std::string> &Stack(CZUXMLSax2Handler &handler) { return handler.m_TextA; }
-    static void Append(std::string &slot, const XMLCh *chars) { slot.append(Text(chars).get()); }
+    static void Append(CZUXMLSax2Handler &handler, std::string &slot, const XMLCh *chars) {
+        if (IsLayoutSpace(chars))
+            slot.append(handler.m_NarrowNames.Get(chars));
+        else
+            slot.append(handler.m_NarrowRecent.Get(chars));
+    }
     static const char *View(const std::string &slot) { return slot.c_str(); }
 };
 
 CZUXMLSax2Handler::CZUXMLSax2Handler(void *hParser, void *pContext, const Sax2CallbackTableW &callbacksW,
                                      const Sax2CallbackTableA &callbacksA)
-    : m_pParser(hParser), m_pContext(pContext), m_CallbacksW(callbacksW), m_CallbacksA(callbacksA) {}
+    : m_pParser(hParser), m_pContext(pContext), m_eTextForm(callbacksW.pEndElement   ? TextForm::Wide
+                                                            : callbacksA.pEndElement ? TextForm::Narrow
+                                                                                     : TextForm::None),
+      m_CallbacksW(callbacksW), m_CallbacksA(callbacksA) {}
 
 int32_t CZUXMLSax2Handler::Location(uint64_t *pnLine, uint64_t *pnColumn) const {
     if (!m_pLocator)
         return 0;
-    if (pnLine)
-        *pnLine = m_nLine;
-    if (pnColumn)
-        *pnColumn = m_nColumn;
+    if (!m_bScanEnded) {
+        if (pnLine)
+            *pnLine = m_pLocator->getLineNumber();
+        if (pnColumn)
+            *pnColumn = m_pLocator->getColumnNumber();
+    } else {
+        if (pnLine)
+            *pnLine = m_nLine;
+        if (pnColumn)
+            *pnColumn = m_nColumn;
+    }
     return 1;
 }
 
 void CZUXMLSax2Handler::RecordLocation() {
-    if (m_pLocator) {
+    if (m_pLocator && !m_bScanEnded) {
         m_nLine = m_pLocator->getLineNumber();
         m_nColumn = m_pLocator->getColumnNumber();
+    }
+}
+
+// An exception on its way out of the parse takes the position with it while
+// the locator can still be read: once the exception has left Xerces, the
+// scan is over. On the way through, this costs nothing.
+template <class Event> void CZUXMLSax2Handler::Guarded(Event event) {
+    try {
+        event();
+    } catch (...) {
+        RecordLocation();
+        throw;
     }
 }
 
@@ -94,47 +169,55 @@ void CZUXMLSax2Handler::endDocument() { DocumentEvent(m_CallbacksW.pEndDocument,
 // Start and end of the document carry no text, so both tables share their
 // entry types and the chosen one is called as it is.
 void CZUXMLSax2Handler::DocumentEvent(DocumentCallback wide, DocumentCallback narrow) {
-    RecordLocation();
-    if (wide)
-        wide(m_pParser, m_pContext);
-    else if (narrow)
-        narrow(m_pParser, m_pContext);
+    Guarded([&] {
+        RecordLocation();
+        if (wide)
+            wide(m_pParser, m_pContext);
+        else if (narrow)
+            narrow(m_pParser, m_pContext);
+    });
 }
 
 void CZUXMLSax2Handler::startElement(const XMLCh *uri, const XMLCh *localname, const XMLCh *qname,
                                      const Attributes &attrs) {
-    RecordLocation();
-    if (m_CallbacksW.pStartElement)
-        OnStartElement<WideForm>(m_CallbacksW, uri, localname, qname, attrs);
-    else if (m_CallbacksA.pStartElement)
-        OnStartElement<NarrowForm>(m_CallbacksA, uri, localname, qname, attrs);
-    // The depth rises even when nobody hears of the start tag, so that the
-    // depths of end tags and comments stay right.
-    m_TextW.At(m_nDepth).clear();
-    m_TextA.At(m_nDepth).clear();
-    ++m_nDepth;
+    Guarded([&] {
+        if (m_CallbacksW.pStartElement)
+            OnStartElement<WideForm>(m_CallbacksW, uri, localname, qname, attrs);
+        else if (m_CallbacksA.pStartElement)
+            OnStartElement<NarrowForm>(m_CallbacksA, uri, localname, qname, attrs);
+        // Only the form that end tags deliver is ever gathered during a
+        // load, so only its slot can hold text from an earlier element.
+        if (m_eTextForm == TextForm::Wide)
+            m_TextW.At(m_nDepth).clear();
+        else if (m_eTextForm == TextForm::Narrow)
+            m_TextA.At(m_nDepth).clear();
+        // The depth rises even when nobody hears of the start tag, so that
+        // the depths of end tags and comments stay right.
+        ++m_nDepth;
+    });
 }
 
 template <class Form>
 void CZUXMLSax2Handler::OnStartElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname,
                                        const XMLCh *qname, const Attributes &attrs) {
+    using Name = typename Form::Name;
     using Text = typename Form::Text;
-    const Text szUri(uri);
-    const Text szLocalName(localname);
-    const Text szQName(qname);
+    const Name szUri(*this, uri);
+    const Name szLocalName(*this, localname);
+    const Name szQName(*this, qname);
     const XMLSize_t count = attrs.getLength();
     if (table.pStartElement)
         table.pStartElement(m_pParser, m_pContext, m_nDepth, static_cast<int32_t>(count), szUri.get(),
                             szLocalName.get(), szQName.get());
-    for (XMLSize_t index = 0; index < count; ++index) {
-        const Text szAttrUri(attrs.getURI(index));
-        const Text szAttrLocalName(attrs.getLocalName(index));
-        const Text szAttrQName(attrs.getQName(index));
-        const Text szType(attrs.getType(index));
-        const Text szValue(attrs.getValue(index));
-        if (table.pAttribute)
-            table.pAttribute(m_pParser, m_pContext, m_nDepth, static_cast<int32_t>(index), szAttrUri.get(),
-                             szAttrLocalName.get(), szAttrQName.get(), szType.get(), szValue.get());
+    // Attributes are read only for a caller who hears of them.
+    for (XMLSize_t index = 0; table.pAttribute && index < count; ++index) {
+        const Name szAttrUri(*this, attrs.getURI(index));
+        const Name szAttrLocalName(*this, attrs.getLocalName(index));
+        const Name szAttrQName(*this, attrs.getQName(index));
+        const Name szType(*this, attrs.getType(index));
+        const Text szValue(*this, attrs.getValue(index));
+        table.pAttribute(m_pParser, m_pContext, m_nDepth, static_cast<int32_t>(index), szAttrUri.get(),
+                         szAttrLocalName.get(), szAttrQName.get(), szType.get(), szValue.get());
     }
     // AttributesDone follows the NARROW Attribute entry whichever table
     // serves the start tag, and the serving table's AttributesDone is then
@@ -147,49 +230,51 @@ void CZUXMLSax2Handler::OnStartElement(const typename Form::Table &table, const 
 }
 
 void CZUXMLSax2Handler::endElement(const XMLCh *uri, const XMLCh *localname, const XMLCh *qname) {
-    RecordLocation();
-    --m_nDepth;
-    if (m_CallbacksW.pEndElement)
-        OnEndElement<WideForm>(m_CallbacksW, uri, localname, qname);
-    else if (m_CallbacksA.pEndElement)
-        OnEndElement<NarrowForm>(m_CallbacksA, uri, localname, qname);
+    Guarded([&] {
+        --m_nDepth;
+        if (m_CallbacksW.pEndElement)
+            OnEndElement<WideForm>(m_CallbacksW, uri, localname, qname);
+        else if (m_CallbacksA.pEndElement)
+            OnEndElement<NarrowForm>(m_CallbacksA, uri, localname, qname);
+    });
 }
 
 // The slot is left as it is: the next start tag at this depth clears it.
 template <class Form>
 void CZUXMLSax2Handler::OnEndElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname,
                                      const XMLCh *qname) {
-    using Text = typename Form::Text;
-    const Text szUri(uri);
-    const Text szLocalName(localname);
-    const Text szQName(qname);
+    using Name = typename Form::Name;
+    const Name szUri(*this, uri);
+    const Name szLocalName(*this, localname);
+    const Name szQName(*this, qname);
     table.pEndElement(m_pParser, m_pContext, m_nDepth, szUri.get(), szLocalName.get(), szQName.get(),
                       Form::View(Form::Stack(*this).At(m_nDepth)));
 }
 
 // Text is gathered only in the form that its end tag will deliver, and only
 // for an open element: character data at depth 0 belongs to nobody. Text
-// runs to its terminator; the length Xerces passes is not used.
-void CZUXMLSax2Handler::characters(const XMLCh *chars, XMLSize_t) {
-    RecordLocation();
+// runs to its terminator; Xerces' length only says where to look for it.
+// No caller code runs here, so nothing needs guarding.
+void CZUXMLSax2Handler::characters(const XMLCh *chars, XMLSize_t length) {
     if (m_nDepth <= 0)
         return;
-    if (m_CallbacksW.pEndElement)
-        WideForm::Append(m_TextW.At(m_nDepth - 1), chars);
-    else if (m_CallbacksA.pEndElement)
-        NarrowForm::Append(m_TextA.At(m_nDepth - 1), chars);
+    if (m_eTextForm == TextForm::Wide)
+        WideForm::Append(m_TextW.At(m_nDepth - 1), chars, length);
+    else if (m_eTextForm == TextForm::Narrow)
+        NarrowForm::Append(*this, m_TextA.At(m_nDepth - 1), chars);
 }
 
 void CZUXMLSax2Handler::comment(const XMLCh *chars, XMLSize_t) {
-    RecordLocation();
-    if (m_CallbacksW.pComment)
-        OnComment<WideForm>(m_CallbacksW, chars);
-    else if (m_CallbacksA.pComment)
-        OnComment<NarrowForm>(m_CallbacksA, chars);
+    Guarded([&] {
+        if (m_CallbacksW.pComment)
+            OnComment<WideForm>(m_CallbacksW, chars);
+        else if (m_CallbacksA.pComment)
+            OnComment<NarrowForm>(m_CallbacksA, chars);
+    });
 }
 
 template <class Form> void CZUXMLSax2Handler::OnComment(const typename Form::Table &table, const XMLCh *chars) {
-    const typename Form::Text szText(chars);
+    const typename Form::Text szText(*this, chars);
     table.pComment(m_pParser, m_pContext, m_nDepth, szText.get());
 }
 
@@ -200,16 +285,18 @@ void CZUXMLSax2Handler::error(const SAXParseException &exc) { Diagnostic(SAX2_ER
 void CZUXMLSax2Handler::fatalError(const SAXParseException &exc) { Diagnostic(SAX2_FATAL_ERROR, exc); }
 
 void CZUXMLSax2Handler::Diagnostic(int32_t nCode, const SAXParseException &exc) {
-    RecordLocation();
-    if (m_CallbacksW.pDiagnostic)
-        OnDiagnostic<WideForm>(m_CallbacksW, nCode, exc);
-    else if (m_CallbacksA.pDiagnostic)
-        OnDiagnostic<NarrowForm>(m_CallbacksA, nCode, exc);
+    Guarded([&] {
+        RecordLocation();
+        if (m_CallbacksW.pDiagnostic)
+            OnDiagnostic<WideForm>(m_CallbacksW, nCode, exc);
+        else if (m_CallbacksA.pDiagnostic)
+            OnDiagnostic<NarrowForm>(m_CallbacksA, nCode, exc);
+    });
 }
 
 template <class Form>
 void CZUXMLSax2Handler::OnDiagnostic(const typename Form::Table &table, int32_t nCode, const SAXParseException &exc) {
-    const typename Form::Text szMessage(exc.getMessage());
+    const typename Form::Text szMessage(*this, exc.getMessage());
     table.pDiagnostic(m_pParser, m_pContext, nCode, szMessage.get());
 }
 

@@ -4,8 +4,7 @@
 // caller's callbacks: for each event through the wide table when its entry
 // is set, else through the narrow one. It tracks the element depth, gathers
 // each open element's character data so that the element's end tag hands
-// it over in one piece, and keeps the position of the last event for
-// ZuXmlGetSax2CurrentLocation.
+// it over in one piece, and answers ZuXmlGetSax2CurrentLocation.
 #pragma once
 
 #include <cstdint>
@@ -14,6 +13,8 @@
 
 #include <xercesc/sax2/DefaultHandler.hpp>
 
+#include "sax2/CZUXMLNarrowNames.h"
+#include "sax2/CZUXMLNarrowRecent.h"
 #include "sax2/Sax2CallbackTable.h"
 
 namespace zuxml {
@@ -52,10 +53,16 @@ public:
     // registering as Xerces' lexical handler.
     bool WantsComments() const { return m_CallbacksW.pComment || m_CallbacksA.pComment; }
 
-    // The line and column of the last event, read from Xerces' locator
-    // while its scan was running. Answers 0 and writes nothing when Xerces
-    // never handed over a locator.
+    // The line and column of the parse: read from Xerces' locator while its
+    // scan runs, and after a failed scan where the parse stopped (the last
+    // diagnostic, or the event a callback threw from). Answers 0 and writes
+    // nothing when Xerces never handed over a locator.
     int32_t Location(uint64_t *pnLine, uint64_t *pnColumn) const;
+
+    // Told by the parser when a scan has failed: the locator reads through
+    // Xerces' reader state, which is gone once a scan has ended (reading it
+    // then crashes), so from now on the kept position is answered.
+    void EndScan() { m_bScanEnded = true; }
 
     // ContentHandler
     void setDocumentLocator(const xercesc::Locator *locator) override;
@@ -91,16 +98,25 @@ private:
     void DocumentEvent(DocumentCallback wide, DocumentCallback narrow);
     void Diagnostic(int32_t nCode, const xercesc::SAXParseException &exc);
     void RecordLocation();
+    template <class Event> void Guarded(Event event);
+
+    // The form in which character data is gathered: that of the EndElement
+    // entry that will deliver it, wide preferred; none without one.
+    enum class TextForm { None, Wide, Narrow };
 
     void *m_pParser;
     void *m_pContext;
+    const TextForm m_eTextForm;
     int32_t m_nDepth = 0;
     CZUXMLTextStack<std::basic_string<XMLCh>> m_TextW;
     CZUXMLTextStack<std::string> m_TextA;
+    CZUXMLNarrowNames m_NarrowNames;
+    CZUXMLNarrowRecent m_NarrowRecent;
     const xercesc::Locator *m_pLocator = nullptr;
-    // Xerces' locator reads through its reader, which is gone once a scan
-    // has ended (reading it then crashes); the position is therefore taken
-    // at each event, while the scan is sure to be running.
+    // Where the parse stopped, for after the scan: taken at the start of
+    // the document, at each diagnostic and when a callback throws, never
+    // per event (reading the locator is not cheap).
+    bool m_bScanEnded = false;
     uint64_t m_nLine = 0;
     uint64_t m_nColumn = 0;
     const Sax2CallbackTableW m_CallbacksW;

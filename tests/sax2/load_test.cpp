@@ -6,6 +6,7 @@
 #include <xercesc/sax/SAXParseException.hpp>
 #include <xercesc/util/RuntimeException.hpp>
 
+#include "support/text.h"
 #include "trace.h"
 
 using namespace zuxml_sax2_test;
@@ -377,7 +378,7 @@ TEST(Load, NullParserHandleIsRejected) {
     TempFile file(kThreeChildren);
     EXPECT_EQ(0, ZuXmlSax2LoadFromFileA(nullptr, file.path().c_str(), 0));
     EXPECT_EQ(0, ZuXmlSax2LoadFromFileA(nullptr, file.path().c_str(), 1));
-    EXPECT_EQ(0, ZuXmlSax2LoadFromFileW(nullptr, reinterpret_cast<const ZuXmlWChar *>(u"x.xml"), 0));
+    EXPECT_EQ(0, ZuXmlSax2LoadFromFileW(nullptr, zuxml_test::W(u"x.xml").c_str(), 0));
     uint64_t line = 5;
     EXPECT_EQ(0, ZuXmlGetSax2CurrentLocation(nullptr, &line, nullptr));
     EXPECT_EQ(5u, line);

@@ -42,6 +42,7 @@ wineserver=/usr/lib/wine/wineserver
 wine_prefix() {
   "$wineserver" -k 2>/dev/null || true
   "$wineserver" -w || true
+  mkdir -p "$WINEPREFIX"
   "$wineserver" -p &&
     WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" /usr/lib/wine/wine64 wineboot --init \
       </dev/null >/dev/null 2>&1

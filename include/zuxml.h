@@ -96,11 +96,16 @@
 
 /**
  * \def ZUXML_API
- * Marks a function of the interface: default visibility with GCC and Clang,
- * nothing on Windows, where exports/ZUXML.def binds the names to ordinals.
+ * Marks a function of the interface: default visibility with GCC and Clang.
+ * On Windows, where exports/ZUXML.def binds the names to ordinals, callers
+ * import the functions from ZUXML.dll, so that a function's address is the
+ * DLL's own and the shared second names compare equal; the library itself
+ * is built with ZUXML_BUILDING defined.
  */
-#if defined(_WIN32)
+#if defined(_WIN32) && defined(ZUXML_BUILDING)
 #define ZUXML_API
+#elif defined(_WIN32)
+#define ZUXML_API __declspec(dllimport)
 #elif defined(__GNUC__)
 #define ZUXML_API __attribute__((visibility("default")))
 #else

@@ -465,6 +465,12 @@ ZuXmlNode FirstElement(ZuXmlDocument doc) {
 }
 
 template <class Char, int32_t (*Getter)(ZuXmlDocument, ZuXmlNode, Char *, int32_t *)>
+__attribute__((noinline)) int32_t ZuXmlGetName(ZuXmlDocument doc, ZuXmlNode node, Char *buffer) {
+    int32_t length = kBufferUnits;
+    return Getter(doc, node, buffer, &length);
+}
+
+template <class Char, int32_t (*Getter)(ZuXmlDocument, ZuXmlNode, Char *, int32_t *)>
 void GetterZuXml(benchmark::State &state) {
     const Document *document = Require(state, "small");
     if (!document)
@@ -474,8 +480,7 @@ void GetterZuXml(benchmark::State &state) {
     ZuXmlNode node = FirstElement(doc);
     Char buffer[kBufferUnits];
     for (auto _ : state) {
-        int32_t length = kBufferUnits;
-        benchmark::DoNotOptimize(Getter(doc, node, buffer, &length));
+        benchmark::DoNotOptimize(ZuXmlGetName<Char, Getter>(doc, node, buffer));
         benchmark::ClobberMemory();
     }
     ZuXmlReleaseDocument(doc);
@@ -490,31 +495,35 @@ DOMNode *RawFirstElement(DOMDocument *doc) {
 
 // The raw counterparts: the name copied into the buffer, or (narrow)
 // converted into it by the C runtime, as ZuXml's narrow getters convert.
-template <bool Narrow> void GetterRaw(benchmark::State &state) {
+__attribute__((noinline)) void RawGetName(const DOMNode *node, XMLCh *buffer) {
+    const XMLCh *name = node->getNodeName();
+    const XMLSize_t length = XMLString::stringLen(name);
+    if (length < static_cast<XMLSize_t>(kBufferUnits))
+        std::memcpy(buffer, name, (length + 1) * sizeof(XMLCh));
+}
+
+__attribute__((noinline)) void RawGetName(const DOMNode *node, char *buffer) {
+    const XMLCh *name = node->getNodeName();
+    const XMLSize_t length = XMLString::stringLen(name);
+    if (length < static_cast<XMLSize_t>(kBufferUnits)) {
+        wchar_t units[kBufferUnits];
+        std::copy(name, name + length + 1, units);
+        std::wcstombs(buffer, units, kBufferUnits);
+    }
+}
+
+template <class Char> void GetterRaw(benchmark::State &state) {
     const Document *document = Require(state, "small");
     if (!document)
         return;
     DOMLSParser *parser = NewRawParser();
     DOMNode *node = RawFirstElement(RawDomLoad(parser, *document));
-    XMLCh wide[kBufferUnits] = {};
-    char narrow[kBufferUnits] = {};
+    Char buffer[kBufferUnits] = {};
     for (auto _ : state) {
-        DOMNode *volatile target = node;
-        const XMLCh *name = target->getNodeName();
-        const XMLSize_t length = XMLString::stringLen(name);
-        if (Narrow) {
-            if (length < static_cast<XMLSize_t>(kBufferUnits)) {
-                wchar_t units[kBufferUnits];
-                std::copy(name, name + length + 1, units);
-                std::wcstombs(narrow, units, sizeof narrow);
-            }
-        } else if (length < static_cast<XMLSize_t>(kBufferUnits)) {
-            std::memcpy(wide, name, (length + 1) * sizeof(XMLCh));
-        }
+        RawGetName(node, buffer);
         benchmark::ClobberMemory();
     }
-    benchmark::DoNotOptimize(wide[0]);
-    benchmark::DoNotOptimize(narrow[0]);
+    benchmark::DoNotOptimize(buffer[0]);
     parser->release();
 }
 
@@ -568,6 +577,13 @@ void WriteRaw(benchmark::State &state, const std::string &name) {
 // ---------------------------------------------------------------------------
 // Registration and the summary of ratios
 
+// A fixed number of iterations when ZUXML_BENCH_ITERATIONS says so (for
+// instruction counts under valgrind), else as many as the timing needs.
+void FixIterations(benchmark::internal::Benchmark *bench) {
+    if (const char *count = std::getenv("ZUXML_BENCH_ITERATIONS"))
+        bench->Iterations(std::atoll(count));
+}
+
 void RegisterPair(const std::string &path, const std::string &document, void (*zuxml)(benchmark::State &, const std::string &),
                   void (*raw)(benchmark::State &, const std::string &)) {
     const bool large = document != "small";
@@ -576,6 +592,7 @@ void RegisterPair(const std::string &path, const std::string &document, void (*z
     for (auto *bench : {a, b}) {
         bench->Unit(large ? benchmark::kMillisecond : benchmark::kMicrosecond);
         bench->MeasureProcessCPUTime();
+        FixIterations(bench);
     }
 }
 
@@ -590,12 +607,13 @@ void RegisterAll() {
         RegisterPair("write_string", document, WriteZuXml, WriteRaw);
     }
     for (auto *bench : {benchmark::RegisterBenchmark("getter_name_w/small/zuxml", GetterZuXml<ZuXmlWChar, ZuXmlGetNodeNameW>),
-                        benchmark::RegisterBenchmark("getter_name_w/small/raw", GetterRaw<false>),
+                        benchmark::RegisterBenchmark("getter_name_w/small/raw", GetterRaw<XMLCh>),
                         benchmark::RegisterBenchmark("getter_name_a/small/zuxml", GetterZuXml<char, ZuXmlGetNodeNameA>),
-                        benchmark::RegisterBenchmark("getter_name_a/small/raw", GetterRaw<true>)})
+                        benchmark::RegisterBenchmark("getter_name_a/small/raw", GetterRaw<char>)})
     {
         bench->Unit(benchmark::kNanosecond);
         bench->MeasureProcessCPUTime();
+        FixIterations(bench);
     }
 }
 

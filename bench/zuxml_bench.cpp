@@ -297,6 +297,41 @@ void SetBytes(benchmark::State &state, const Document &document) {
     state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(document.bytes.size()));
 }
 
+// Loaded documents for the paths that read them, kept from one repetition
+// to the next: loading the large ones takes longer than reading them.
+struct LoadedDocuments {
+    ZuXmlDocument zuxml = nullptr;
+    DOMLSParser *parser = nullptr;
+    DOMDocument *raw = nullptr;
+    // Bytes read since the last load, for the walks (see below).
+    uint64_t zuxmlRead = 0;
+    uint64_t rawRead = 0;
+};
+
+std::map<std::string, LoadedDocuments> &AllLoaded() {
+    static std::map<std::string, LoadedDocuments> loaded;
+    return loaded;
+}
+
+LoadedDocuments &Loaded(const Document &document) {
+    LoadedDocuments &loaded = AllLoaded()[document.path];
+    if (!loaded.zuxml) {
+        loaded.zuxml = ZuXmlCreateDocument();
+        ZuXmlDomLoad(loaded.zuxml, document);
+        loaded.parser = NewRawParser();
+        loaded.raw = RawDomLoad(loaded.parser, document);
+    }
+    return loaded;
+}
+
+void ReleaseLoaded() {
+    for (auto &[path, loaded] : AllLoaded()) {
+        ZuXmlReleaseDocument(loaded.zuxml);
+        loaded.parser->release();
+    }
+    AllLoaded().clear();
+}
+
 void LoadZuXml(benchmark::State &state, const std::string &name) {
     const Document *document = Require(state, name);
     if (!document)
@@ -412,46 +447,40 @@ void WalkZuXml(benchmark::State &state, const std::string &name) {
     const Document *document = Require(state, name);
     if (!document)
         return;
-    ZuXmlDocument handle = ZuXmlCreateDocument();
-    ZuXmlDomLoad(handle, *document);
+    LoadedDocuments &loaded = Loaded(*document);
     WalkTally tally;
-    uint64_t read = 0;
     for (auto _ : state) {
-        if (read > kWalkBytesPerLoad) {
+        if (loaded.zuxmlRead > kWalkBytesPerLoad) {
             state.PauseTiming();
-            ZuXmlDomLoad(handle, *document);
-            read = 0;
+            ZuXmlDomLoad(loaded.zuxml, *document);
+            loaded.zuxmlRead = 0;
             state.ResumeTiming();
         }
-        ZuXmlWalk(handle, tally);
-        read += document->bytes.size() * 4;
+        ZuXmlWalk(loaded.zuxml, tally);
+        loaded.zuxmlRead += document->bytes.size() * 4;
     }
     SetBytes(state, *document);
     SetWalkCounters(state, tally);
-    ZuXmlReleaseDocument(handle);
 }
 
 void WalkRaw(benchmark::State &state, const std::string &name) {
     const Document *document = Require(state, name);
     if (!document)
         return;
-    DOMLSParser *parser = NewRawParser();
-    DOMDocument *doc = RawDomLoad(parser, *document);
+    LoadedDocuments &loaded = Loaded(*document);
     WalkTally tally;
-    uint64_t read = 0;
     for (auto _ : state) {
-        if (read > kWalkBytesPerLoad) {
+        if (loaded.rawRead > kWalkBytesPerLoad) {
             state.PauseTiming();
-            doc = RawDomLoad(parser, *document);
-            read = 0;
+            loaded.raw = RawDomLoad(loaded.parser, *document);
+            loaded.rawRead = 0;
             state.ResumeTiming();
         }
-        RawWalk(doc, tally);
-        read += document->bytes.size() * 4;
+        RawWalk(loaded.raw, tally);
+        loaded.rawRead += document->bytes.size() * 4;
     }
     SetBytes(state, *document);
     SetWalkCounters(state, tally);
-    parser->release();
 }
 
 // ---------------------------------------------------------------------------
@@ -475,15 +504,13 @@ void GetterZuXml(benchmark::State &state) {
     const Document *document = Require(state, "small");
     if (!document)
         return;
-    ZuXmlDocument doc = ZuXmlCreateDocument();
-    ZuXmlDomLoad(doc, *document);
+    ZuXmlDocument doc = Loaded(*document).zuxml;
     ZuXmlNode node = FirstElement(doc);
     Char buffer[kBufferUnits];
     for (auto _ : state) {
         benchmark::DoNotOptimize(ZuXmlGetName<Char, Getter>(doc, node, buffer));
         benchmark::ClobberMemory();
     }
-    ZuXmlReleaseDocument(doc);
 }
 
 DOMNode *RawFirstElement(DOMDocument *doc) {
@@ -516,15 +543,13 @@ template <class Char> void GetterRaw(benchmark::State &state) {
     const Document *document = Require(state, "small");
     if (!document)
         return;
-    DOMLSParser *parser = NewRawParser();
-    DOMNode *node = RawFirstElement(RawDomLoad(parser, *document));
+    DOMNode *node = RawFirstElement(Loaded(*document).raw);
     Char buffer[kBufferUnits] = {};
     for (auto _ : state) {
         RawGetName(node, buffer);
         benchmark::ClobberMemory();
     }
     benchmark::DoNotOptimize(buffer[0]);
-    parser->release();
 }
 
 // ---------------------------------------------------------------------------
@@ -549,8 +574,7 @@ void WriteZuXml(benchmark::State &state, const std::string &name) {
     const Document *document = Require(state, name);
     if (!document)
         return;
-    ZuXmlDocument doc = ZuXmlCreateDocument();
-    ZuXmlDomLoad(doc, *document);
+    ZuXmlDocument doc = Loaded(*document).zuxml;
     // The caller's buffer has the size a first call reported.
     int32_t length = 0;
     ZuXmlWriteToStringW(doc, nullptr, &length);
@@ -559,19 +583,16 @@ void WriteZuXml(benchmark::State &state, const std::string &name) {
         if (ZuXmlWrite(doc, buffer) != 1)
             state.SkipWithError("write failed");
     SetBytes(state, *document);
-    ZuXmlReleaseDocument(doc);
 }
 
 void WriteRaw(benchmark::State &state, const std::string &name) {
     const Document *document = Require(state, name);
     if (!document)
         return;
-    DOMLSParser *parser = NewRawParser();
-    DOMDocument *doc = RawDomLoad(parser, *document);
+    DOMDocument *doc = Loaded(*document).raw;
     for (auto _ : state)
         benchmark::DoNotOptimize(RawWrite(doc));
     SetBytes(state, *document);
-    parser->release();
 }
 
 // ---------------------------------------------------------------------------
@@ -592,7 +613,12 @@ void RegisterPair(const std::string &path, const std::string &document, void (*z
     for (auto *bench : {a, b}) {
         bench->Unit(large ? benchmark::kMillisecond : benchmark::kMicrosecond);
         bench->MeasureProcessCPUTime();
-        FixIterations(bench);
+        // Every operation on a large document takes longer than this: one
+        // iteration per repetition.
+        if (std::getenv("ZUXML_BENCH_ITERATIONS"))
+            FixIterations(bench);
+        else if (large)
+            bench->MinTime(0.05);
     }
 }
 
@@ -642,7 +668,7 @@ public:
 
     void Finalize() override {
         ConsoleReporter::Finalize();
-        std::printf("\n%-28s %14s %14s %8s\n", "ZuXml / raw, CPU time", "zuxml (us)", "raw (us)", "ratio");
+        std::printf("\n%-28s %14s %14s %8s\n", "ZuXml / raw, CPU time", "zuxml", "raw", "ratio");
         for (const auto &[name, sample] : m_Samples) {
             const size_t slash = name.rfind('/');
             if (slash == std::string::npos || name.substr(slash + 1) != "zuxml")
@@ -652,13 +678,24 @@ public:
                 continue;
             const double zu = sample.Median();
             const double rw = raw->second.Median();
-            std::printf("%-28s %14.3f %14.3f %8.3f\n", name.substr(0, slash).c_str(), zu * 1e6, rw * 1e6,
-                        rw > 0 ? zu / rw : 0.0);
+            std::printf("%-28s %14s %14s %8.3f\n", name.substr(0, slash).c_str(), Format(zu).c_str(),
+                        Format(rw).c_str(), rw > 0 ? zu / rw : 0.0);
         }
         std::fflush(stdout);
     }
 
 private:
+    static std::string Format(double seconds) {
+        char text[32];
+        if (seconds < 1e-6)
+            std::snprintf(text, sizeof text, "%.1f ns", seconds * 1e9);
+        else if (seconds < 1e-3)
+            std::snprintf(text, sizeof text, "%.1f us", seconds * 1e6);
+        else
+            std::snprintf(text, sizeof text, "%.1f ms", seconds * 1e3);
+        return text;
+    }
+
     struct Sample {
         std::vector<double> runs;
         double median = -1;
@@ -702,6 +739,7 @@ int main(int argc, char **argv) {
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::Shutdown();
+    ReleaseLoaded();
     ZuXmlCleanup();
     return 0;
 }

@@ -42,6 +42,6 @@ done | awk '
       pair = substr(name, 1, length(name) - 6)
       raw = pair "/raw"
       if (!(raw in ir)) continue
-      printf "%-26s %14d %14d %8.3f\n", pair, ir[name], ir[raw], ir[raw] ? ir[name] / ir[raw] : 0
+      printf "%-26s %14.0f %14.0f %8.3f\n", pair, ir[name], ir[raw], ir[raw] ? ir[name] / ir[raw] : 0
     }
   }'

@@ -11,7 +11,7 @@ out=$(mktemp -d)
 trap 'rm -rf "$out"' EXIT
 
 for bench in $("$build/bench/zuxml_bench" --benchmark_list_tests=true --benchmark_filter="$filter" |
-  sed 's,/process_time$,,'); do
+  sed -E 's,/(zuxml|raw)/.*$,/\1,'); do
   file="$out/$(echo "$bench" | tr / _)"
   # The operation the program keeps out of line for each side of the path.
   case "$bench" in

@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <random>
+#include <string>
 
 namespace zuxml_dom_test {
 
@@ -102,11 +104,16 @@ WString WithoutIndentation(const WString &xml) {
 }
 
 ScratchDirectory::ScratchDirectory() {
-    std::string pattern = (std::filesystem::path(::testing::TempDir()) / "zuxml-dom-XXXXXX").string();
-    char *made = mkdtemp(&pattern[0]);
-    EXPECT_NE(made, nullptr) << pattern;
-    if (made)
-        m_Path = made;
+    // A directory no one else has, made the same way where there is no mkdtemp.
+    const std::filesystem::path base(::testing::TempDir());
+    std::random_device random;
+    for (int attempt = 0; attempt < 100 && m_Path.empty(); ++attempt) {
+        const std::filesystem::path candidate = base / ("zuxml-dom-" + std::to_string(random()));
+        std::error_code error;
+        if (std::filesystem::create_directory(candidate, error))
+            m_Path = candidate;
+    }
+    EXPECT_FALSE(m_Path.empty()) << "no scratch directory under " << base;
 }
 
 ScratchDirectory::~ScratchDirectory() {

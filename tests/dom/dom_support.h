@@ -97,7 +97,7 @@ std::string ReadBytes(const std::filesystem::path &path);
 void WriteBytes(const std::filesystem::path &path, const std::string &bytes);
 
 // A path as the interface's wide text.
-inline WString WidePath(const std::filesystem::path &path) { return path.u16string(); }
+inline WString WidePath(const std::filesystem::path &path) { return zuxml_test::W(path.u16string().c_str()); }
 
 // The directory of the DOM test documents.
 std::filesystem::path DataFile(const std::string &name);

@@ -208,6 +208,7 @@ TEST(AddNodeNarrow, NameInvalidInTheLocaleBecomesEmptyAndFails) {
     EXPECT_TRUE(unchanged());
 }
 
+#if !defined(_WIN32) // Windows' "C" locale takes every byte as Latin-1: tests/windows
 TEST(AddNodeNarrow, TextInvalidInTheLocaleBecomesEmpty) {
     ScopedLocale locale("C");
     ASSERT_TRUE(locale.ok());
@@ -217,6 +218,7 @@ TEST(AddNodeNarrow, TextInvalidInTheLocaleBecomesEmpty) {
     EXPECT_EQ(TextContent(document, item), W(u""));
     EXPECT_EQ(ChildCount(document, item), 1) << "empty text, not no text";
 }
+#endif
 
 // --- Adding comments ----------------------------------------------------------
 

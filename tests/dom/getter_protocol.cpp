@@ -157,6 +157,7 @@ TEST_P(MultibyteNarrowGetter, TwiceTheWideCountHoldsTheWholeText) {
     EXPECT_EQ(std::string(buffer.data()), "\xc3\xa9\xc3\xa8\xc3\xaa");
 }
 
+#if !defined(_WIN32) // Windows' "C" locale takes every byte as Latin-1: tests/windows
 TEST_P(MultibyteNarrowGetter, CLocaleCannotHoldTheTextButTheAnswerStands) {
     ScopedLocale locale("C");
     ASSERT_TRUE(locale.ok());
@@ -166,5 +167,6 @@ TEST_P(MultibyteNarrowGetter, CLocaleCannotHoldTheTextButTheAnswerStands) {
     EXPECT_EQ(GetParam().narrow(document, buffer.data(), &length), 1) << "the conversion's failure is not examined";
     EXPECT_EQ(buffer[0], 0) << "the first character already fails: the cleared first byte stays";
 }
+#endif
 
 } // namespace zuxml_dom_test

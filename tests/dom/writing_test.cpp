@@ -210,8 +210,8 @@ TEST(WriteFile, UnindentedFileOfTheReferenceDocument) {
 TEST(WriteFile, NarrowFormsWriteTheSameFiles) {
     ScratchDirectory scratch;
     Document document = BuildReference();
-    ASSERT_EQ(ZuXmlWriteA(document, scratch.File("pretty.xml").c_str()), 1);
-    ASSERT_EQ(ZuXmlWriteNoPrettyA(document, scratch.File("plain.xml").c_str()), 1);
+    ASSERT_EQ(ZuXmlWriteA(document, scratch.File("pretty.xml").string().c_str()), 1);
+    ASSERT_EQ(ZuXmlWriteNoPrettyA(document, scratch.File("plain.xml").string().c_str()), 1);
     EXPECT_EQ(ReadBytes(scratch.File("pretty.xml")), kReferencePrettyFile);
     EXPECT_EQ(ReadBytes(scratch.File("plain.xml")), kReferenceFile);
 }
@@ -299,19 +299,21 @@ TEST(WriteFile, NarrowPathIsConvertedInTheLocale) {
     ASSERT_TRUE(locale.ok());
     ScratchDirectory scratch;
     Document document = Built(u"root");
-    ASSERT_EQ(ZuXmlWriteNoPrettyA(document, scratch.File("caf\xc3\xa9.xml").c_str()), 1);
+    ASSERT_EQ(ZuXmlWriteNoPrettyA(document, scratch.File("caf\xc3\xa9.xml").string().c_str()), 1);
     EXPECT_TRUE(std::filesystem::exists(scratch.File("caf\xc3\xa9.xml")));
 }
 
+#if !defined(_WIN32) // Windows' "C" locale takes every byte as Latin-1: tests/windows
 TEST(WriteFile, NarrowPathInvalidInTheLocaleBecomesEmptyAndFails) {
     ScopedLocale locale("C");
     ASSERT_TRUE(locale.ok());
     ScratchDirectory scratch;
     Document document = Built(u"root");
-    EXPECT_EQ(ZuXmlWriteNoPrettyA(document, scratch.File("caf\xc3\xa9.xml").c_str()), 0);
-    EXPECT_EQ(ZuXmlWriteA(document, scratch.File("caf\xc3\xa9.xml").c_str()), 0);
+    EXPECT_EQ(ZuXmlWriteNoPrettyA(document, scratch.File("caf\xc3\xa9.xml").string().c_str()), 0);
+    EXPECT_EQ(ZuXmlWriteA(document, scratch.File("caf\xc3\xa9.xml").string().c_str()), 0);
     EXPECT_TRUE(std::filesystem::is_empty(scratch.path())) << "no file under any name";
 }
+#endif
 
 // --- Round trip ----------------------------------------------------------------
 
@@ -375,9 +377,9 @@ const WriteForm kWriteForms[] = {
     {"WriteW", [](ZuXmlDocument d, const std::filesystem::path &p) { return ZuXmlWriteW(d, WidePath(p).c_str()); }},
     {"WriteNoPrettyW",
      [](ZuXmlDocument d, const std::filesystem::path &p) { return ZuXmlWriteNoPrettyW(d, WidePath(p).c_str()); }},
-    {"WriteA", [](ZuXmlDocument d, const std::filesystem::path &p) { return ZuXmlWriteA(d, p.c_str()); }},
+    {"WriteA", [](ZuXmlDocument d, const std::filesystem::path &p) { return ZuXmlWriteA(d, p.string().c_str()); }},
     {"WriteNoPrettyA",
-     [](ZuXmlDocument d, const std::filesystem::path &p) { return ZuXmlWriteNoPrettyA(d, p.c_str()); }},
+     [](ZuXmlDocument d, const std::filesystem::path &p) { return ZuXmlWriteNoPrettyA(d, p.string().c_str()); }},
 };
 
 std::string FormName(const ::testing::TestParamInfo<WriteForm> &info) { return info.param.label; }

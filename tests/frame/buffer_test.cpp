@@ -120,6 +120,7 @@ TEST(NarrowProtocolTest, FailedOperationLeavesTheEmptyString) {
     EXPECT_EQ(buffer[1], Sentinel<char>::value);
 }
 
+#if !defined(_WIN32) // glibc's C.UTF-8; tests/windows covers the Windows code pages
 TEST(NarrowProtocolTest, NarrowGetterCutsMultibyteTextAtCallerLength) {
     ScopedLocale locale("C.UTF-8");
     ASSERT_TRUE(locale.ok());
@@ -155,6 +156,7 @@ TEST(NarrowProtocolTest, TextOutsideTheBmpBecomesOneMultibyteCharacter) {
     EXPECT_STREQ(buffer, "a\xf0\x9f\x98\x80"
                          "b");
 }
+#endif
 
 TEST(NarrowProtocolTest, UnrepresentableTextEndsWhereTheConversionStopped) {
     ScopedLocale locale("C");

@@ -45,6 +45,7 @@ TEST(TextRecord, NarrowTextTurnsWideThroughXerces) {
     EXPECT_EQ(record.ParserForm(), record.ParserForm()) << "made once";
 }
 
+#if !defined(_WIN32) // glibc's C.UTF-8; tests/windows covers the Windows code pages
 TEST(TextRecord, WideSlotReachesParserFormThroughTheLocale) {
     ScopedLocale locale("C.UTF-8");
     ASSERT_TRUE(locale.ok());
@@ -52,14 +53,17 @@ TEST(TextRecord, WideSlotReachesParserFormThroughTheLocale) {
     EXPECT_STREQ(record.NarrowForm(), "abc");
     EXPECT_EQ(std::u16string(record.ParserForm()), u"abc");
 }
+#endif
 
 TEST(TextRecord, UnrepresentableWideSlotYieldsNull) {
     ScopedLocale locale("C");
-    CZUXMLTextRecord record(CZUXMLTextRecord::WideSlot{}, u"caf\u00e9");
+    // Beyond U+00FF: the "C" locale of Windows' C runtime takes Latin-1.
+    CZUXMLTextRecord record(CZUXMLTextRecord::WideSlot{}, u"caf\u20ac");
     EXPECT_EQ(record.NarrowForm(), nullptr);
     EXPECT_EQ(record.ParserForm(), nullptr);
 }
 
+#if !defined(_WIN32) // glibc's C.UTF-8; tests/windows covers the Windows code pages
 TEST(TextRecord, LongWideTextUnderAWideLocaleIsCutNotOverrun) {
     ScopedLocale locale("C.UTF-8");
     ASSERT_TRUE(locale.ok());
@@ -70,5 +74,6 @@ TEST(TextRecord, LongWideTextUnderAWideLocaleIsCutNotOverrun) {
     ASSERT_NE(narrow, nullptr);
     EXPECT_LE(std::strlen(narrow), 22u);
 }
+#endif
 
 } // namespace

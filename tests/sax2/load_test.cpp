@@ -238,7 +238,7 @@ TEST(Load, XMLExceptionThrownByACallbackIsReportedByXercesAsAFatalError) {
         EXPECT_EQ(1, outcome.result) << "mode " << mode;
         EXPECT_EQ("", outcome.output) << "mode " << mode;
         EXPECT_EQ((Trace{"W:StartElement(0,0,\"\",\"a\",\"a\")", "W:StartElement(1,0,\"\",\"b\",\"b\")",
-                         "W:Diagnostic(21,\"" + Utf8(thrown.getMessage()) + "\")"}),
+                         "W:Diagnostic(21,\"" + Utf8(reinterpret_cast<const ZuXmlWChar *>(thrown.getMessage())) + "\")"}),
                   parser.events())
             << "mode " << mode;
     }

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 
@@ -153,8 +154,8 @@ Trace TraceOf(const std::string &content, const std::function<void(TracedParser 
 std::string DataFile(const std::string &name) { return std::string(ZUXML_TEST_DATA_DIR) + "/" + name; }
 
 TempFile::TempFile(const std::string &content) {
-    const char *dir = std::getenv("TMPDIR");
-    std::string pattern = std::string(dir && *dir ? dir : "/tmp") + "/zuxml_sax2_XXXXXX";
+    // TMPDIR or /tmp; on Windows the user's temporary folder, drive included.
+    std::string pattern = (std::filesystem::temp_directory_path() / "zuxml_sax2_XXXXXX").string();
     std::vector<char> name(pattern.begin(), pattern.end());
     name.push_back('\0');
     const int fd = mkstemp(name.data());

@@ -1,0 +1,30 @@
+# Cross build for 64-bit Windows with Debian's MinGW-w64 toolchain
+# (g++-mingw-w64-x86-64-posix: the posix thread model, so std::thread works).
+#
+# Libraries built for the target (Xerces, GoogleTest) are found in the
+# prefixes named by CMAKE_PREFIX_PATH, which join the target root; nothing
+# of the host's own libraries or headers is ever taken. Programs run through
+# CMAKE_CROSSCOMPILING_EMULATOR (wine64) when one is given.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+
+set(_mingw x86_64-w64-mingw32)
+set(CMAKE_C_COMPILER ${_mingw}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${_mingw}-g++-posix)
+set(CMAKE_RC_COMPILER ${_mingw}-windres)
+set(CMAKE_AR ${_mingw}-ar CACHE FILEPATH "")
+set(CMAKE_RANLIB ${_mingw}-ranlib CACHE FILEPATH "")
+set(CMAKE_OBJDUMP ${_mingw}-objdump CACHE FILEPATH "")
+
+set(CMAKE_FIND_ROOT_PATH /usr/${_mingw} ${CMAKE_PREFIX_PATH})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+
+# The C++ runtime, libgcc and winpthread go into each module, so a module
+# needs no MinGW runtime DLL beside it; Windows' own DLLs and Xerces' are
+# still linked through their import libraries.
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
+set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static")
+set(CMAKE_MODULE_LINKER_FLAGS_INIT "-static")

@@ -3,7 +3,7 @@
 # Run as root on Debian 12; does nothing when everything is there.
 set -euo pipefail
 
-packages=(g++ cmake make pkgconf binutils libxerces-c-dev libgtest-dev python3 doxygen)
+packages=(g++ cmake make pkgconf binutils libxerces-c-dev libgtest-dev libbenchmark-dev python3 doxygen)
 packages+=("$@")
 
 missing=()

@@ -4,6 +4,8 @@
 #   scripts/run.sh test       install what is missing, build, run the whole test suite
 #   scripts/run.sh sanitize   the test suite again under AddressSanitizer and UBSan
 #   scripts/run.sh fuzz       builds the libFuzzer targets with clang and runs each briefly
+#   scripts/run.sh bench      builds the benchmark program and its documents, runs every benchmark
+#   scripts/run.sh bench-smoke  the benchmark program once on the small document (times not checked)
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -46,8 +48,21 @@ case "${1:-}" in
       -DZUXML_BUILD_EXAMPLES=OFF
     ctest --test-dir build-fuzz --output-on-failure
     ;;
+  bench)
+    scripts/install-deps.sh
+    configure build-release -DCMAKE_BUILD_TYPE=Release -DZUXML_BUILD_BENCHMARKS=ON
+    cmake --build build-release --parallel "$jobs" --target zuxml_bench zuxml_bench_corpus
+    build-release/bench/zuxml_bench "${@:2}"
+    ;;
+  bench-smoke)
+    scripts/install-deps.sh
+    configure build-release -DCMAKE_BUILD_TYPE=Release -DZUXML_BUILD_BENCHMARKS=ON
+    cmake --build build-release --parallel "$jobs" --target zuxml_bench zuxml_bench_corpus_small
+    build-release/bench/zuxml_bench --benchmark_filter=/small/ --benchmark_repetitions=1 \
+      --benchmark_min_time=0.01
+    ;;
   *)
-    echo "usage: $0 example|test|sanitize|fuzz" >&2
+    echo "usage: $0 example|test|sanitize|fuzz|bench|bench-smoke" >&2
     exit 2
     ;;
 esac

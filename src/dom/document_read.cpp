@@ -9,6 +9,76 @@ XERCES_CPP_NAMESPACE_USE
 
 namespace zuxml {
 
+namespace {
+
+// The text content of an element, as Xerces defines it: the values of the
+// text and CDATA sections below it in document order, through child
+// elements and entity references, without comments and processing
+// instructions. Xerces builds that string in the document's own memory on
+// every read and frees it only with the document; here the length is
+// counted first and the units are written only where the caller's buffer
+// takes them.
+bool HasContentChildren(const DOMNode *node) {
+    switch (node->getNodeType()) {
+    case DOMNode::ELEMENT_NODE:
+    case DOMNode::ENTITY_NODE:
+    case DOMNode::ENTITY_REFERENCE_NODE:
+    case DOMNode::DOCUMENT_FRAGMENT_NODE:
+        return true;
+    default:
+        return false;
+    }
+}
+
+// The value a child contributes on its own, or NULL for none.
+const XMLCh *OwnValue(const DOMNode *node) {
+    switch (node->getNodeType()) {
+    case DOMNode::ATTRIBUTE_NODE:
+    case DOMNode::TEXT_NODE:
+    case DOMNode::CDATA_SECTION_NODE:
+        return node->getNodeValue();
+    default:
+        return nullptr;
+    }
+}
+
+// Visits, in document order, the value of every node below top that the
+// text content takes; without recursion, so depth costs no stack.
+template <class Visit> void ForEachContentValue(const DOMNode *top, Visit visit) {
+    const DOMNode *node = top->getFirstChild();
+    while (node) {
+        const DOMNode *next = nullptr;
+        if (HasContentChildren(node))
+            next = node->getFirstChild();
+        else if (const XMLCh *value = OwnValue(node))
+            visit(value);
+        while (!next && node != top) {
+            next = node->getNextSibling();
+            if (!next) {
+                node = node->getParentNode();
+                if (node == top)
+                    break;
+            }
+        }
+        node = next;
+    }
+}
+
+size_t ContentLength(const DOMNode *top) {
+    size_t length = 0;
+    ForEachContentValue(top, [&](const XMLCh *value) { length += XMLString::stringLen(value); });
+    return length;
+}
+
+void WriteContent(const void *top, XMLCh *out) {
+    ForEachContentValue(static_cast<const DOMNode *>(top), [&](const XMLCh *value) {
+        while (*value)
+            *out++ = *value++;
+    });
+}
+
+} // namespace
+
 DOMNode *CZUXMLDocument::RootNode() const { return m_pDocument ? m_pDocument->getDocumentElement() : nullptr; }
 
 DOMNode *CZUXMLDocument::ParentNode(DOMNode *node) const {
@@ -73,10 +143,15 @@ int32_t CZUXMLDocument::LocalNodeName(DOMNode *node, TextResult &localName, Text
     return 1;
 }
 
+// An element's text is counted and written here; every other kind of node
+// answers what Xerces answers.
 int32_t CZUXMLDocument::NodeTextContent(DOMNode *node, TextResult &text) const {
     if (!node || !m_pDocument)
         return 0;
-    text.View(node->getTextContent());
+    if (node->getNodeType() == DOMNode::ELEMENT_NODE)
+        text.Defer(ContentLength(node), WriteContent, node);
+    else
+        text.View(node->getTextContent());
     return 1;
 }
 

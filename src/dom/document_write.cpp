@@ -2,13 +2,70 @@
 // indentation of files.
 #include "dom/CZUXMLDocument.h"
 
+#include <cstring>
+
 #include <xercesc/framework/LocalFileFormatTarget.hpp>
+#include <xercesc/framework/XMLFormatter.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
 XERCES_CPP_NAMESPACE_USE
 
 namespace zuxml {
+
+namespace {
+
+// The UTF-16 text a serializer writes, gathered in memory of Xerces' default
+// memory manager so that the finished text is handed over as it stands:
+// what writeToString gathers the same way and then copies once more.
+class UnitsTarget final : public XMLFormatTarget {
+public:
+    UnitsTarget() = default;
+    UnitsTarget(const UnitsTarget &) = delete;
+    UnitsTarget &operator=(const UnitsTarget &) = delete;
+    ~UnitsTarget() override { XMLPlatformUtils::fgMemoryManager->deallocate(m_pBytes); }
+
+    void writeChars(const XMLByte *const bytes, const XMLSize_t count, XMLFormatter *const) override {
+        Reserve(count);
+        std::memcpy(m_pBytes + m_nUsed, bytes, count);
+        m_nUsed += count;
+    }
+
+    // The text, zero-terminated, now the caller's to release.
+    XMLCh *Release() {
+        Reserve(0);
+        std::memset(m_pBytes + m_nUsed, 0, kTerminator);
+        XMLByte *bytes = m_pBytes;
+        m_pBytes = nullptr;
+        return reinterpret_cast<XMLCh *>(bytes);
+    }
+
+private:
+    static constexpr XMLSize_t kTerminator = sizeof(XMLCh);
+
+    // Room for count more bytes and a terminator, doubling as it grows.
+    void Reserve(XMLSize_t count) {
+        const XMLSize_t needed = m_nUsed + count + kTerminator;
+        if (m_pBytes && needed <= m_nCapacity)
+            return;
+        XMLSize_t capacity = m_nCapacity ? m_nCapacity : 2048;
+        while (capacity < needed)
+            capacity *= 2;
+        auto *bytes = static_cast<XMLByte *>(XMLPlatformUtils::fgMemoryManager->allocate(capacity));
+        if (m_pBytes) {
+            std::memcpy(bytes, m_pBytes, m_nUsed);
+            XMLPlatformUtils::fgMemoryManager->deallocate(m_pBytes);
+        }
+        m_pBytes = bytes;
+        m_nCapacity = capacity;
+    }
+
+    XMLByte *m_pBytes = nullptr;
+    XMLSize_t m_nUsed = 0;
+    XMLSize_t m_nCapacity = 0;
+};
+
+} // namespace
 
 // A serializer for the document held, or NULL when there is no document,
 // no DOM implementation or no serializer.
@@ -48,21 +105,30 @@ int32_t CZUXMLDocument::WriteToFile(const XMLCh *path, bool pretty) {
     return result;
 }
 
-// Never indented: nothing is set on the serializer.
+// Never indented: nothing is set on the serializer. What writeToString
+// does, without its final copy: UTF-16 output (the serializer's byte order
+// mark is off by default), and the text up to its first zero unit.
 int32_t CZUXMLDocument::WriteToString(TextResult &text) {
     DOMImplementationLS *implementation = nullptr;
     DOMLSSerializer *serializer = NewSerializer(implementation);
     if (!serializer)
         return 0;
     int32_t result = 0;
+    DOMLSOutput *output = nullptr;
     try {
-        if (XMLCh *written = serializer->writeToString(m_pDocument)) {
-            text.Adopt(written);
+        UnitsTarget target;
+        output = implementation->createLSOutput(XMLPlatformUtils::fgMemoryManager);
+        output->setByteStream(&target);
+        output->setEncoding(XMLUni::fgUTF16EncodingString);
+        if (serializer->write(m_pDocument, output)) {
+            text.Adopt(target.Release());
             result = 1;
         }
     } catch (...) {
         result = 0;
     }
+    if (output)
+        output->release();
     serializer->release();
     return result;
 }

@@ -24,7 +24,7 @@ bool Fits(const TextResult &text, int32_t *length) {
 
 // Bounded wide copy: the text, then zeros up to capacity units.
 void CopyPadded(const TextResult &text, XMLCh *buffer, int32_t capacity) {
-    std::copy_n(text.Data(), text.Length(), buffer);
+    text.CopyTo(buffer);
     std::fill(buffer + text.Length(), buffer + capacity, XMLCh(0));
 }
 
@@ -54,6 +54,28 @@ void TextResult::View(const XMLCh *text) {
 void TextResult::Adopt(XMLCh *text) {
     m_pOwned = text;
     View(text);
+}
+
+void TextResult::Defer(size_t length, Writer writer, const void *source) {
+    m_nLength = length;
+    m_pWriter = writer;
+    m_pSource = source;
+}
+
+void TextResult::CopyTo(XMLCh *out) const {
+    if (m_pWriter)
+        m_pWriter(m_pSource, out);
+    else
+        std::copy_n(m_pText, m_nLength, out);
+}
+
+const XMLCh *TextResult::Data() const {
+    if (m_pWriter && m_Built.size() != m_nLength) {
+        m_Built.resize(m_nLength);
+        m_pWriter(m_pSource, m_Built.data());
+        m_pText = m_Built.c_str();
+    }
+    return m_pText;
 }
 
 int32_t DeliverW(int32_t result, const TextResult &text, XMLCh *buffer, int32_t *length) {

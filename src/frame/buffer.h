@@ -16,16 +16,21 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 #include <xercesc/util/XercesDefs.hpp>
 
 namespace zuxml {
 
 // Text an operation hands back: a view of a zero-terminated Xerces string
-// that outlives the call, or a string Xerces made for this call and that
-// is released with Xerces' default memory manager when the result dies.
+// that outlives the call, a string Xerces made for this call and that is
+// released with Xerces' default memory manager when the result dies, or
+// text of a known length that is written out only when it is delivered.
 class TextResult {
 public:
+    // Writes the deferred text's units, without a terminator, to out.
+    using Writer = void (*)(const void *source, XMLCh *out);
+
     TextResult() = default;
     TextResult(const TextResult &) = delete;
     TextResult &operator=(const TextResult &) = delete;
@@ -35,14 +40,24 @@ public:
     void View(const XMLCh *text);
     // Takes ownership of text made by Xerces' default memory manager.
     void Adopt(XMLCh *text);
+    // Text of length units that writer makes from source on demand: a
+    // getter whose text does not fit then never builds it, and one whose
+    // text fits builds it straight into the caller's buffer.
+    void Defer(size_t length, Writer writer, const void *source);
 
-    const XMLCh *Data() const { return m_pText; }
     size_t Length() const { return m_nLength; }
+    // The Length() units of the text, without a terminator, into out.
+    void CopyTo(XMLCh *out) const;
+    // The text, zero-terminated (deferred text is built on first use).
+    const XMLCh *Data() const;
 
 private:
-    const XMLCh *m_pText = u"";
+    mutable const XMLCh *m_pText = u"";
     size_t m_nLength = 0;
     XMLCh *m_pOwned = nullptr;
+    Writer m_pWriter = nullptr;
+    const void *m_pSource = nullptr;
+    mutable std::basic_string<XMLCh> m_Built;
 };
 
 int32_t DeliverW(int32_t result, const TextResult &text, XMLCh *buffer, int32_t *length);

@@ -1,5 +1,8 @@
 // Reading a node's name, local name and prefix, text content and namespace.
+#include <vector>
+
 #include <gtest/gtest.h>
+#include <xercesc/dom/DOMNode.hpp>
 
 #include "dom_support.h"
 #include "failure_table.h"
@@ -226,6 +229,96 @@ TEST(TextContent, LongTextPassesWholeThroughBothForms) {
     const auto narrow =
         ReadAll<char>([&](char *b, int32_t *n) { return ZuXmlGetNodeTextContentA(document, root, b, n); });
     EXPECT_EQ(narrow, text);
+}
+
+// Every node of the document in document order, through the interface.
+std::vector<ZuXmlNode> EveryNode(ZuXmlDocument document) {
+    std::vector<ZuXmlNode> nodes;
+    ZuXmlNode documentNode = ZuXmlGetParentNode(document, ZuXmlGetRootNode(document));
+    nodes.push_back(documentNode);
+    for (ZuXmlNode node = ZuXmlGetFirstChild(document, documentNode); node;) {
+        nodes.push_back(node);
+        ZuXmlNode next = ZuXmlGetFirstChild(document, node);
+        while (!next && node) {
+            next = ZuXmlGetNextSibling(document, node);
+            if (!next)
+                node = ZuXmlGetParentNode(document, node);
+        }
+        node = next;
+    }
+    return nodes;
+}
+
+// Node handles are Xerces' own nodes: what Xerces itself answers is the
+// reference for the text content of every kind of node.
+WString XercesTextContent(ZuXmlNode node) {
+    const XMLCh *text = static_cast<xercesc::DOMNode *>(node)->getTextContent();
+    return text ? WString(reinterpret_cast<const ZuXmlWChar *>(text)) : WString();
+}
+
+constexpr const char *kEveryKindOfContent =
+    "<?xml version='1.0'?>\n"
+    "<!DOCTYPE r [<!ENTITY plain 'entity text'><!ENTITY nested 'one <i>inner</i> &amp; two'>]>\n"
+    "<!-- before -->\n"
+    "<r xmlns:p='urn:p' a='attribute'>lead &plain; <p:b>b<c>c<![CDATA[<cdata>]]></c><?pi data?></p:b>"
+    "<!--not text-->&nested;<e/><e></e>\xe4\xb8\xad\xf0\x9f\x98\x80 &#233;&lt;tail</r>\n"
+    "<?after end?>";
+
+TEST(TextContent, EveryNodeReadsAsXercesReadsIt) {
+    Document document = Loaded(kEveryKindOfContent);
+    const auto nodes = EveryNode(document);
+    ASSERT_GT(nodes.size(), 20u);
+    for (size_t i = 0; i < nodes.size(); ++i)
+        EXPECT_EQ(TextContent(document, nodes[i]), XercesTextContent(nodes[i])) << "node " << i;
+    EXPECT_EQ(TextContent(document, ZuXmlGetRootNode(document)),
+              W(u"lead entity text bc<cdata>one inner & two\u4e2d\U0001F600 \u00e9<tail"));
+}
+
+TEST(TextContent, EveryNodeReadsAsXercesReadsItInTheNarrowForm) {
+    ScopedLocale locale("C.UTF-8");
+    ASSERT_TRUE(locale.ok());
+    Document document = Loaded(kEveryKindOfContent);
+    for (ZuXmlNode node : EveryNode(document)) {
+        // The narrow length counts wide characters: room for four bytes
+        // each takes the whole UTF-8 form.
+        const int32_t room = 4 * static_cast<int32_t>(XercesTextContent(node).size() + 1);
+        auto buffer = FilledBuffer<char>(static_cast<size_t>(room));
+        int32_t length = room;
+        EXPECT_EQ(ZuXmlGetNodeTextContentA(document, node, buffer.data(), &length), 1);
+        EXPECT_EQ(std::string(buffer.data()), Utf8(XercesTextContent(node)));
+    }
+}
+
+TEST(TextContent, ElementsBuiltAndEditedThroughTheInterfaceReadAsXercesReadsThem) {
+    Document document = Built(u"root");
+    ZuXmlNode root = ZuXmlGetRootNode(document);
+    ZuXmlNode item = ZuXmlAddNodeW(document, root, W(u"item").c_str(), 1, W(u"one").c_str(), nullptr);
+    ZuXmlAddCommentW(document, item, W(u"skipped").c_str());
+    ZuXmlAddNodeW(document, item, W(u"sub").c_str(), 1, W(u" two").c_str(), nullptr);
+    ZuXmlAddNodeW(document, root, W(u"empty").c_str(), 1, nullptr, nullptr);
+    for (ZuXmlNode node : EveryNode(document))
+        EXPECT_EQ(TextContent(document, node), XercesTextContent(node));
+    EXPECT_EQ(TextContent(document, root), W(u"one two"));
+}
+
+TEST(TextContent, DeeplyNestedElementsGiveAllTheirText) {
+    constexpr int kDepth = 20000;
+    std::string xml;
+    for (int i = 0; i < kDepth; ++i)
+        xml += "<d>x";
+    for (int i = 0; i < kDepth; ++i)
+        xml += "y</d>";
+    Document document = Loaded(xml);
+    const auto text = TextContent(document, ZuXmlGetRootNode(document));
+    ASSERT_TRUE(text);
+    EXPECT_EQ(*text, WString(kDepth, u'x') + WString(kDepth, u'y'));
+}
+
+TEST(TextContent, RepeatedReadsOfOneElementAgree) {
+    Document document = Loaded("<r>a<b>b</b>c</r>");
+    ZuXmlNode root = ZuXmlGetRootNode(document);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(TextContent(document, root), W(u"abc"));
 }
 
 // --- Namespace ----------------------------------------------------------------

@@ -8,7 +8,11 @@
 // children of an element that has element children next to text-free
 // siblings, and ends the file with a line break.
 #include <gtest/gtest.h>
+#include <xercesc/dom/DOM.hpp>
+#include <xercesc/util/PlatformUtils.hpp>
+#include <xercesc/util/XMLString.hpp>
 
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -114,6 +118,42 @@ const GetterCase kStringGetters[] = {
 };
 
 ZUXML_GETTER_PROTOCOL_SUITES(Writing, kStringGetters);
+
+// What Xerces' own writeToString gives for the document behind a handle,
+// with a fresh serializer at its defaults.
+WString XercesWriteToString(ZuXmlDocument document) {
+    using namespace xercesc;
+    DOMNode *root = static_cast<DOMNode *>(ZuXmlGetRootNode(document));
+    auto *implementation = static_cast<DOMImplementationLS *>(DOMImplementationRegistry::getDOMImplementation(u"Core"));
+    DOMLSSerializer *serializer = implementation->createLSSerializer(XMLPlatformUtils::fgMemoryManager);
+    XMLCh *text = serializer->writeToString(root->getOwnerDocument());
+    WString result = text ? WString(reinterpret_cast<const ZuXmlWChar *>(text)) : WString();
+    XMLString::release(&text, XMLPlatformUtils::fgMemoryManager);
+    serializer->release();
+    return result;
+}
+
+TEST(WriteToString, EveryKindOfDocumentGivesWhatXercesWriteToStringGives) {
+    std::string large = "<big>";
+    for (int i = 0; i < 5000; ++i)
+        large += "<i n='" + std::to_string(i) + "'>caf\xc3\xa9 \xf0\x9f\x98\x80 &amp; &lt;" + std::to_string(i) +
+                 "</i><!-- c --><![CDATA[<x>]]>";
+    large += "</big>";
+    const std::string documents[] = {
+        "<r/>",
+        "<?xml version='1.0' encoding='ISO-8859-1' standalone='yes'?><r a='\xe9'>\xe9t\xe9</r>",
+        "<!DOCTYPE r [<!ENTITY e 'entity'>]><r xmlns='urn:d' xmlns:p='urn:p'>&e;<p:b p:a='1'>x</p:b><?pi d?></r>",
+        "<r>\n  <a>  spaced  </a>\n\t<b/>\r\n</r>\n<!-- after -->",
+        large,
+    };
+    for (const std::string &xml : documents) {
+        Document document = Loaded(xml);
+        EXPECT_EQ(Serialised(document), XercesWriteToString(document)) << xml.substr(0, 80);
+    }
+    Document built = Built(u"p:root", u"urn:p", u"root.dtd");
+    ZuXmlAddNodeW(built, nullptr, W(u"p:item").c_str(), 1, W(u"text \U0001F600").c_str(), W(u"urn:p").c_str());
+    EXPECT_EQ(Serialised(built), XercesWriteToString(built));
+}
 
 TEST(WriteToString, LengthZeroReportsTheWholeTextThenTheRetryGivesIt) {
     Document document = BuildReference();

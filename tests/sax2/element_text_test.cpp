@@ -1,4 +1,6 @@
 // Depth tracking and the text each element receives with its end tag.
+#include <string>
+
 #include <gtest/gtest.h>
 
 #include "trace.h"
@@ -21,6 +23,26 @@ TEST(ElementText, RootWithTextOnlyReceivesAllOfItJoinedAcrossCharacterEvents) {
     EXPECT_EQ(
         (Trace{"W:EndElement(0,\"\",\"a\",\"a\",\"x&yAzc<de<\")"}),
         TraceOf("<a>x&amp;y&#65;z<![CDATA[c<d]]>e&lt;</a>", [](TracedParser &parser) { SetEndElementsOnlyW(parser); }));
+}
+
+// Xerces' pieces of character data run to their terminator; they are read
+// in blocks of units, so every length around the block sizes is checked,
+// alone and split by a reference into two pieces.
+TEST(ElementText, PiecesOfEveryLengthUpToSeventyArriveWhole) {
+    const std::string units = "abcdefghijklmnopqrstuvwxyz0123456789";
+    for (size_t n = 0; n <= 70; ++n) {
+        std::string text;
+        for (size_t i = 0; i < n; ++i)
+            text += units[i % units.size()];
+        const std::string split = text.substr(0, n / 2) + "&amp;" + text.substr(n / 2);
+        const std::string joined = text.substr(0, n / 2) + "&" + text.substr(n / 2);
+        EXPECT_EQ((Trace{"W:EndElement(0,\"\",\"a\",\"a\",\"" + text + "\")"}),
+                  TraceOf("<a>" + text + "</a>", [](TracedParser &parser) { SetEndElementsOnlyW(parser); }))
+            << n;
+        EXPECT_EQ((Trace{"W:EndElement(0,\"\",\"a\",\"a\",\"" + joined + "\")"}),
+                  TraceOf("<a>" + split + "</a>", [](TracedParser &parser) { SetEndElementsOnlyW(parser); }))
+            << n;
+    }
 }
 
 TEST(ElementText, ChildKeepsItsOwnTextAndParentGetsItsPiecesJoined) {

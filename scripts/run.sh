@@ -4,6 +4,9 @@
 #   scripts/run.sh test       install what is missing, build, run the whole test suite
 #   scripts/run.sh sanitize   the test suite again under AddressSanitizer and UBSan
 #   scripts/run.sh fuzz       builds the libFuzzer targets with clang and runs each briefly
+#   scripts/run.sh valgrind   the test programs under valgrind memcheck: no error, no leak
+#                             but the named ones of tests/valgrind.supp
+#   scripts/run.sh thread     the thread tests under ThreadSanitizer, with no report
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -46,8 +49,21 @@ case "${1:-}" in
       -DZUXML_BUILD_EXAMPLES=OFF
     ctest --test-dir build-fuzz --output-on-failure
     ;;
+  valgrind)
+    scripts/install-deps.sh valgrind
+    configure_and_build build-valgrind -DZUXML_VALGRIND=ON -DZUXML_BUILD_EXAMPLES=OFF
+    ctest --test-dir build-valgrind --output-on-failure --parallel "$jobs" -L memcheck
+    ;;
+  thread)
+    scripts/install-deps.sh libtsan2
+    configure build-thread -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZUXML_SANITIZE=thread -DZUXML_BUILD_EXAMPLES=OFF
+    cmake --build build-thread --parallel "$jobs" --target thread_stress_test sax2_test
+    TSAN_OPTIONS="halt_on_error=1:second_deadlock_stack=1:suppressions=$PWD/tests/tsan.supp" \
+      ctest --test-dir build-thread --output-on-failure --parallel "$jobs" \
+      -R '^(thread_stress_test|sax2_test)\.'
+    ;;
   *)
-    echo "usage: $0 example|test|sanitize|fuzz" >&2
+    echo "usage: $0 example|test|sanitize|fuzz|valgrind|thread" >&2
     exit 2
     ;;
 esac

@@ -387,7 +387,8 @@ TEST(Locale, NarrowFormsUnderTheCLocale) {
     ASSERT_EQ(ZuXmlGetNodeTextContentW(doc, root, wide, &length), 1);
     EXPECT_EQ(wide[3], static_cast<ZuXmlWChar>(0xe9));
     // A narrow load of UTF-8 bytes does not depend on the locale.
-    EXPECT_EQ(ZuXmlLoadFromBufA(doc, "<r>caf\xc3\xa9</r>", 14), 1);
+    const char utf8Bytes[] = "<r>caf\xc3\xa9</r>";
+    EXPECT_EQ(ZuXmlLoadFromBufA(doc, utf8Bytes, sizeof utf8Bytes - 1), 1);
     length = 16;
     ASSERT_EQ(ZuXmlGetNodeTextContentW(doc, ZuXmlGetRootNode(doc), wide, &length), 1);
     EXPECT_EQ(wide[3], static_cast<ZuXmlWChar>(0xe9));

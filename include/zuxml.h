@@ -868,9 +868,11 @@ ZUXML_API void ZuXmlSax2StopLoadFromFile(ZuXmlSax2Parser hParser);
  * \param hParser  The parser handle.
  * \param pnLine   Receives the line, or NULL.
  * \param pnColumn Receives the column, or NULL.
- * \retval 1 During a load, and after a failed one.
+ * \retval 1 During a load, and after a failed one that had begun reading
+ *           (the position where it stopped).
  * \retval 0 No position is known (before the first load, after a load that
- *           answered 1, or for a NULL handle); nothing is written.
+ *           answered 1, after a load whose file could not even be opened,
+ *           or for a NULL handle); nothing is written.
  */
 ZUXML_API int32_t ZuXmlGetSax2CurrentLocation(ZuXmlSax2Parser hParser, uint64_t *pnLine, uint64_t *pnColumn);
 

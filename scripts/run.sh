@@ -6,6 +6,9 @@
 #   scripts/run.sh fuzz       builds the libFuzzer targets with clang and runs each briefly
 #   scripts/run.sh bench      builds the benchmark program and its documents, runs every benchmark
 #   scripts/run.sh bench-smoke  the benchmark program once on the small document (times not checked)
+#   scripts/run.sh valgrind   the test programs under valgrind memcheck: no error, no leak
+#                             but the named ones of tests/valgrind.supp
+#   scripts/run.sh thread     the thread tests under ThreadSanitizer, with no report
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -61,8 +64,21 @@ case "${1:-}" in
     build-release/bench/zuxml_bench --benchmark_filter=/small/ --benchmark_repetitions=1 \
       --benchmark_min_time=0.01
     ;;
+  valgrind)
+    scripts/install-deps.sh valgrind
+    configure_and_build build-valgrind -DZUXML_VALGRIND=ON -DZUXML_BUILD_EXAMPLES=OFF
+    ctest --test-dir build-valgrind --output-on-failure --parallel "$jobs" -L memcheck
+    ;;
+  thread)
+    scripts/install-deps.sh libtsan2
+    configure build-thread -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZUXML_SANITIZE=thread -DZUXML_BUILD_EXAMPLES=OFF
+    cmake --build build-thread --parallel "$jobs" --target thread_stress_test sax2_test
+    TSAN_OPTIONS="halt_on_error=1:second_deadlock_stack=1:suppressions=$PWD/tests/tsan.supp" \
+      ctest --test-dir build-thread --output-on-failure --parallel "$jobs" \
+      -R '^(thread_stress_test|sax2_test)\.'
+    ;;
   *)
-    echo "usage: $0 example|test|sanitize|fuzz|bench|bench-smoke" >&2
+    echo "usage: $0 example|test|sanitize|fuzz|bench|bench-smoke|valgrind|thread" >&2
     exit 2
     ;;
 esac

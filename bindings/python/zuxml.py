@@ -439,7 +439,40 @@ class Node:
         return self.get(name) is not None
 
 
-class Document:
+class _Handle:
+    """What documents and parsers share: one release entry for both kinds,
+    close() that may be called again, with blocks, and release at
+    collection while the library is still loaded."""
+
+    _handle = None
+
+    @property
+    def closed(self):
+        return self._handle is None
+
+    def close(self):
+        """Releases the handle; calling it again does nothing."""
+        if self._handle is not None:
+            handle, self._handle = self._handle, None
+            _open.discard(self)
+            library().ZuXmlReleaseDocument(handle)
+            self._released()
+
+    def _released(self):
+        pass
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *exc):
+        self.close()
+
+    def __del__(self):
+        if self._handle is not None and _state["lib"] is not None:
+            self.close()
+
+
+class Document(_Handle):
     """A document handle; release it with close() or a with block."""
 
     def __init__(self):
@@ -539,33 +572,15 @@ class Document:
         """The document handle as an int, for calls into the library itself."""
         return self._checked()
 
-    @property
-    def closed(self):
-        return self._handle is None
-
-    def close(self):
-        """Releases the handle and with it every node; calling it again does nothing."""
-        if self._handle is not None:
-            handle, self._handle = self._handle, None
-            self._generation += 1
-            _open.discard(self)
-            library().ZuXmlReleaseDocument(handle)
-
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *exc):
-        self.close()
-
-    def __del__(self):
-        if getattr(self, "_handle", None) is not None and _state["lib"] is not None:
-            self.close()
+    def _released(self):
+        # Every node handed out belonged to the released document.
+        self._generation += 1
 
 
 # ---------------------------------------------------------------------------
 # SAX2
 
-class Sax2Parser:
+class Sax2Parser(_Handle):
     """A streaming parser calling Python callables for the events of a file.
 
     Each callback is optional and receives str text:
@@ -684,24 +699,5 @@ class Sax2Parser:
             return line.value, column.value
         return None
 
-    @property
-    def closed(self):
-        return self._handle is None
-
-    def close(self):
-        """Releases the parser; calling it again does nothing."""
-        if self._handle is not None:
-            handle, self._handle = self._handle, None
-            _open.discard(self)
-            library().ZuXmlReleaseSax2Parser(handle)
-            self._table = None
-
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *exc):
-        self.close()
-
-    def __del__(self):
-        if getattr(self, "_handle", None) is not None and _state["lib"] is not None:
-            self.close()
+    def _released(self):
+        self._table = None

@@ -72,6 +72,7 @@ private:
     int32_t Load(xercesc::DOMLSInput *input, const XMLCh *path);
     int32_t IndexedAttributeText(DOMNode *node, int32_t index, const XMLCh *(xercesc::DOMAttr::*property)() const,
                                  TextResult &text) const;
+    xercesc::DOMElement *NamedAttributeElement(DOMNode *node, const XMLCh *name) const;
     xercesc::DOMLSSerializer *NewSerializer(xercesc::DOMImplementationLS *&implementation) const;
 
     xercesc::DOMDocument *m_pDocument = nullptr;

@@ -59,11 +59,17 @@ int32_t CZUXMLDocument::IndexedAttributeText(DOMNode *node, int32_t index, const
     return 1;
 }
 
+// The element whose attribute name addresses: NULL for a NULL node, no
+// document, a NULL or empty name, or a node that is not an element.
+DOMElement *CZUXMLDocument::NamedAttributeElement(DOMNode *node, const XMLCh *name) const {
+    if (!node || !m_pDocument || IsEmpty(name))
+        return nullptr;
+    return AsElement(node);
+}
+
 // An absent attribute answers 0, told apart from one whose value is empty.
 int32_t CZUXMLDocument::AttributeValueNamed(DOMNode *node, const XMLCh *name, TextResult &text) const {
-    if (!node || !m_pDocument || IsEmpty(name))
-        return 0;
-    DOMElement *element = AsElement(node);
+    DOMElement *element = NamedAttributeElement(node, name);
     if (!element)
         return 0;
     try {
@@ -99,9 +105,7 @@ int32_t CZUXMLDocument::AddAttribute(DOMNode *node, const XMLCh *name, const XML
 // Changes an existing attribute only; a DOMException (a read-only
 // attribute) is not caught here and reaches the caller.
 int32_t CZUXMLDocument::SetAttributeValue(DOMNode *node, const XMLCh *name, const XMLCh *value) {
-    if (!node || !m_pDocument || IsEmpty(name))
-        return 0;
-    DOMElement *element = AsElement(node);
+    DOMElement *element = NamedAttributeElement(node, name);
     DOMAttr *attribute = element ? element->getAttributeNode(name) : nullptr;
     if (!attribute)
         return 0;
@@ -126,9 +130,7 @@ int32_t CZUXMLDocument::RemoveAttributeAt(DOMNode *node, int32_t index) {
 
 // 1 also when the element had no such attribute.
 int32_t CZUXMLDocument::RemoveAttributeNamed(DOMNode *node, const XMLCh *name) {
-    if (!node || !m_pDocument || IsEmpty(name))
-        return 0;
-    DOMElement *element = AsElement(node);
+    DOMElement *element = NamedAttributeElement(node, name);
     if (!element)
         return 0;
     try {

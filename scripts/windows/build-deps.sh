@@ -14,9 +14,9 @@ build=$(mkdir -p "$1" && cd "$1" && pwd)
 shift
 toolchain=$root/cmake/toolchains/mingw-w64-x86_64.cmake
 jobs=${ZUXML_JOBS:-2}
-# A prefix is kept while the toolchain file and this script are as they
-# were when it was built.
-recipe=$(cat "$toolchain" "$0" | sha256sum | cut -c1-16)
+# A prefix is kept while the toolchain (its file and the specs file beside
+# it) and this script are as they were when it was built.
+recipe=$(cat "$root"/cmake/toolchains/*.cmake "$root"/cmake/toolchains/*.specs "$0" | sha256sum | cut -c1-16)
 
 # Answers whether prefix $1 is complete and was built by this recipe.
 is_current() { [ -f "$1/.complete" ] && [ "$(sed -n 2p "$1/.complete")" = "recipe $recipe" ]; }

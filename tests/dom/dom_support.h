@@ -15,6 +15,7 @@ namespace zuxml_dom_test {
 
 using zuxml_test::W;
 using zuxml_test::WString;
+using zuxml_test::kUtf8Locale;
 
 // A document handle released at the end of its scope.
 class Document {

@@ -37,7 +37,7 @@ case "${1:-}" in
     ;;
   test)
     scripts/install-deps.sh
-    configure_and_build build -DZUXML_BUILD_TESTS=ON -DZUXML_BUILD_EXAMPLES=ON
+    configure_and_build build -DZUXML_BUILD_TESTS=ON -DZUXML_BUILD_EXAMPLES=ON -DZUXML_REQUIRE_XMLCONF=ON
     ctest --test-dir build --output-on-failure --parallel "$jobs"
     ;;
   sanitize)

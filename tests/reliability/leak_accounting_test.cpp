@@ -25,8 +25,6 @@
 #include <string>
 #include <vector>
 
-#include "frame/CZUXMLTextRecord.h"
-#include "support/text.h"
 #include "zuxml.h"
 
 namespace {
@@ -53,8 +51,6 @@ __attribute__((constructor)) void WithoutThreadCache() {
         return;
     execv("/proc/self/exe", argv.data());
 }
-
-using zuxml_test::ScopedLocale;
 
 // Measured on Debian 12 (glibc 2.36, Xerces 3.2.4, x86-64).
 // The serializer's output descriptor: one object of 48 bytes.
@@ -172,35 +168,6 @@ TEST_F(LeakAccounting, ThePlainPathsLeakNothing) {
             ASSERT_EQ(Stream(plain, counter), 1);
         },
         0);
-}
-
-TEST_F(LeakAccounting, ARecordWhoseNarrowFormTheLocaleCannotHoldLeaksItsScratchBuffer) {
-    ScopedLocale locale("C");
-    ASSERT_TRUE(locale.ok());
-    ExpectEachRunLeaks(
-        [] {
-            zuxml::CZUXMLTextRecord ascii(zuxml::CZUXMLTextRecord::WideSlot{}, u"abc");
-            ASSERT_STREQ(ascii.NarrowForm(), "abc");
-        },
-        0);
-    // One unit and the terminator: calloc(2 * 2 + 1), a 32-byte chunk.
-    ExpectEachRunLeaks(
-        [] {
-            zuxml::CZUXMLTextRecord accented(zuxml::CZUXMLTextRecord::WideSlot{}, u"\u00e9");
-            ASSERT_EQ(accented.NarrowForm(), nullptr);
-        },
-        32);
-    // 40 units: calloc(2 * 41 + 1) = 83 bytes, a 96-byte chunk.
-    ExpectEachRunLeaks(
-        [] {
-            zuxml::CZUXMLTextRecord accented(zuxml::CZUXMLTextRecord::WideSlot{},
-                                             u"\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9"
-                                             u"\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9"
-                                             u"\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9"
-                                             u"\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9");
-            ASSERT_EQ(accented.NarrowForm(), nullptr);
-        },
-        96);
 }
 
 TEST_F(LeakAccounting, EveryWideBufferLoadLeaksTheEncodingName) {

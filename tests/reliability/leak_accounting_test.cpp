@@ -6,14 +6,11 @@
 
 #include <string>
 
-#include "frame/CZUXMLTextRecord.h"
 #include "heap_accounting.h"
 #include "hostile_support.h"
-#include "support/text.h"
 #include "zuxml.h"
 
 using namespace zuxml_reliability;
-using zuxml_test::ScopedLocale;
 
 TEST_F(LeakAccounting, ThePlainPathsLeakNothing) {
     const std::string plain = File("plain.xml", "<r a='1'><b>text</b><!--c--></r>");
@@ -31,33 +28,3 @@ TEST_F(LeakAccounting, ThePlainPathsLeakNothing) {
         },
         0);
 }
-
-TEST_F(LeakAccounting, ARecordWhoseNarrowFormTheLocaleCannotHoldLeaksItsScratchBuffer) {
-    ScopedLocale locale("C");
-    ASSERT_TRUE(locale.ok());
-    ExpectEachRunLeaks(
-        [] {
-            zuxml::CZUXMLTextRecord ascii(zuxml::CZUXMLTextRecord::WideSlot{}, u"abc");
-            ASSERT_STREQ(ascii.NarrowForm(), "abc");
-        },
-        0);
-    // One unit and the terminator: calloc(2 * 2 + 1), a 32-byte chunk.
-    ExpectEachRunLeaks(
-        [] {
-            zuxml::CZUXMLTextRecord accented(zuxml::CZUXMLTextRecord::WideSlot{}, u"\u00e9");
-            ASSERT_EQ(accented.NarrowForm(), nullptr);
-        },
-        32);
-    // 40 units: calloc(2 * 41 + 1) = 83 bytes, a 96-byte chunk.
-    ExpectEachRunLeaks(
-        [] {
-            zuxml::CZUXMLTextRecord accented(zuxml::CZUXMLTextRecord::WideSlot{},
-                                             u"\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9"
-                                             u"\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9"
-                                             u"\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9"
-                                             u"\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9\u00e9");
-            ASSERT_EQ(accented.NarrowForm(), nullptr);
-        },
-        96);
-}
-

@@ -32,9 +32,14 @@ case "${1:-}" in
     build/examples/zuxml_stream examples/sample.xml
     build/examples/zuxml_stream examples/sample.xml 3
     ;;
-  test | sanitize)
+  test)
+    # The bindings' tests need Mono, Free Pascal and Python's packaging tools.
+    scripts/install-deps.sh mono-mcs mono-runtime fp-compiler python3-pip python3-setuptools python3-wheel
+    workflow test
+    ;;
+  sanitize)
     scripts/install-deps.sh
-    workflow "$1"
+    workflow sanitize
     ;;
   fuzz)
     scripts/install-deps.sh clang libclang-rt-14-dev

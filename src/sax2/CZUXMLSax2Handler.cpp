@@ -48,26 +48,6 @@ size_t TextLength(const XMLCh *text, size_t length) {
     return units;
 }
 
-// Short runs of white space, such as the line breaks and indentation that
-// lay out a document, recur as often as its names do.
-bool IsLayoutSpace(const XMLCh *text) {
-    constexpr int kLongest = 64;
-    for (int i = 0; i <= kLongest; ++i) {
-        switch (text[i]) {
-        case 0:
-            return true;
-        case u' ':
-        case u'\t':
-        case u'\n':
-        case u'\r':
-            continue;
-        default:
-            return false;
-        }
-    }
-    return false;
-}
-
 } // namespace
 
 // Wide callbacks take Xerces' own text: a callback's strings need only live
@@ -94,23 +74,31 @@ struct CZUXMLSax2Handler::WideForm {
     }
 };
 
-// Narrow callbacks take Xerces' text in its local code page, made by
-// XMLString::transcode (Xerces' own transcoder, not the C runtime's
-// locale). Texts that recur are transcoded once and their bytes reused.
+// Narrow callbacks take Xerces' text in its local code page, the bytes
+// XMLString::transcode gives (Xerces' own transcoder, not the C runtime's
+// locale), made by CZUXMLLocalCodePage. Names recur and are converted once
+// per load.
 struct CZUXMLSax2Handler::NarrowForm {
     using Table = Sax2CallbackTableA;
 
-    // Values, comments, messages: kept while they recur often enough.
+    // Values, comments, messages: converted into the handler's scratch
+    // text, good until the next one; each callback receives at most one.
     class Text {
     public:
-        Text(CZUXMLSax2Handler &handler, const XMLCh *text) : m_pText(handler.m_NarrowRecent.Get(text)) {}
+        Text(CZUXMLSax2Handler &handler, const XMLCh *text) {
+            CZUXMLNarrowText &scratch = handler.m_NarrowText;
+            scratch.clear();
+            if (text)
+                handler.m_LocalCodePage.Append(text, XMLString::stringLen(text), scratch);
+            m_pText = scratch.c_str();
+        }
         const char *get() const { return m_pText; }
 
     private:
         const char *m_pText;
     };
 
-    // Names, URIs and types: each transcoded once per load.
+    // Names, URIs and types: each converted once per load.
     class Name {
     public:
         Name(CZUXMLSax2Handler &handler, const XMLCh *name) : m_pName(handler.m_NarrowNames.Get(name)) {}
@@ -120,14 +108,11 @@ struct CZUXMLSax2Handler::NarrowForm {
         const char *m_pName;
     };
 
-    static CZUXMLTextStack<std::string> &Stack(CZUXMLSax2Handler &handler) { return handler.m_TextA; }
-    static void Append(CZUXMLSax2Handler &handler, std::string &slot, const XMLCh *chars) {
-        if (IsLayoutSpace(chars))
-            slot.append(handler.m_NarrowNames.Get(chars));
-        else
-            slot.append(handler.m_NarrowRecent.Get(chars));
+    static CZUXMLTextStack<CZUXMLNarrowText> &Stack(CZUXMLSax2Handler &handler) { return handler.m_TextA; }
+    static void Append(CZUXMLSax2Handler &handler, CZUXMLNarrowText &slot, const XMLCh *chars, XMLSize_t length) {
+        handler.m_LocalCodePage.Append(chars, TextLength(chars, length), slot);
     }
-    static const char *View(const std::string &slot) { return slot.c_str(); }
+    static const char *View(const CZUXMLNarrowText &slot) { return slot.c_str(); }
 };
 
 CZUXMLSax2Handler::CZUXMLSax2Handler(void *hParser, void *pContext, const Sax2CallbackTableW &callbacksW,
@@ -274,7 +259,7 @@ void CZUXMLSax2Handler::characters(const XMLCh *chars, XMLSize_t length) {
     if (m_eTextForm == TextForm::Wide)
         WideForm::Append(m_TextW.At(m_nDepth - 1), chars, length);
     else if (m_eTextForm == TextForm::Narrow)
-        NarrowForm::Append(*this, m_TextA.At(m_nDepth - 1), chars);
+        NarrowForm::Append(*this, m_TextA.At(m_nDepth - 1), chars, length);
 }
 
 void CZUXMLSax2Handler::comment(const XMLCh *chars, XMLSize_t) {

@@ -13,8 +13,8 @@
 
 #include <xercesc/sax2/DefaultHandler.hpp>
 
+#include "sax2/CZUXMLLocalCodePage.h"
 #include "sax2/CZUXMLNarrowNames.h"
-#include "sax2/CZUXMLNarrowRecent.h"
 #include "sax2/Sax2CallbackTable.h"
 
 namespace zuxml {
@@ -109,9 +109,11 @@ private:
     const TextForm m_eTextForm;
     int32_t m_nDepth = 0;
     CZUXMLTextStack<std::basic_string<XMLCh>> m_TextW;
-    CZUXMLTextStack<std::string> m_TextA;
+    CZUXMLTextStack<CZUXMLNarrowText> m_TextA;
+    const CZUXMLLocalCodePage m_LocalCodePage;
     CZUXMLNarrowNames m_NarrowNames;
-    CZUXMLNarrowRecent m_NarrowRecent;
+    // The narrow form of the one value, comment or message being handed out.
+    CZUXMLNarrowText m_NarrowText;
     const xercesc::Locator *m_pLocator = nullptr;
     // Where the parse stopped, for after the scan: taken at the start of
     // the document, at each diagnostic and when a callback throws, never

@@ -14,79 +14,34 @@
 #include <clocale>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <string>
 #include <vector>
 
 #include <benchmark/benchmark.h>
 
+#include "bench.h"
 #include "summary.h"
 #include "zuxml.h"
 
 namespace {
 
-struct Corpus {
-    std::string path;
-    std::string bytes;
-};
-
-const Corpus &Document(const std::string &name) {
-    static std::map<std::string, Corpus> documents;
-    auto found = documents.find(name);
-    if (found != documents.end())
-        return found->second;
-    const char *dir = std::getenv("ZUXML_BENCH_CORPUS");
-    Corpus &corpus = documents[name];
-    corpus.path = std::string(dir ? dir : ZUXML_BENCH_CORPUS_DIR) + "/" + name + ".xml";
-    std::ifstream in(corpus.path, std::ios::binary);
-    corpus.bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    return corpus;
-}
-
-// Every node, depth first; of each element its name and text content read
-// into a buffer of 256 units, or one of the reported size.
-uint64_t Walk(ZuXmlDocument doc) {
-    ZuXmlWChar buffer[256];
-    std::vector<ZuXmlWChar> large;
-    uint64_t sum = 0;
-    const auto read = [&](int32_t (*getter)(ZuXmlDocument, ZuXmlNode, ZuXmlWChar *, int32_t *), ZuXmlNode node) {
-        int32_t length = 256;
-        if (getter(doc, node, buffer, &length) == 1)
-            return sum += buffer[0];
-        large.resize(static_cast<size_t>(length));
-        getter(doc, node, large.data(), &length);
-        return sum += large[0];
-    };
-    ZuXmlNode root = ZuXmlGetRootNode(doc);
-    for (ZuXmlNode node = root; node;) {
-        if (ZuXmlGetNodeType(doc, node) == 1) {
-            read(ZuXmlGetNodeNameW, node);
-            read(ZuXmlGetNodeTextContentW, node);
-        }
-        ZuXmlNode next = ZuXmlGetFirstChild(doc, node);
-        while (!next && node && node != root) {
-            next = ZuXmlGetNextSibling(doc, node);
-            if (!next)
-                node = ZuXmlGetParentNode(doc, node);
-        }
-        node = next;
-    }
-    return sum;
-}
+using namespace zuxml_bench;
 
 void Dom(benchmark::State &state, const std::string &name) {
-    const Corpus &corpus = Document(name);
+    const Document *document = Require(state, name);
+    if (!document)
+        return;
     ZuXmlDocument doc = ZuXmlCreateDocument();
+    WalkTally tally;
     for (auto _ : state) {
-        if (ZuXmlLoadFromBufA(doc, corpus.bytes.data(), static_cast<uint32_t>(corpus.bytes.size())) != 1) {
+        if (ZuXmlDomLoad(doc, *document) != 1) {
             state.SkipWithError("load failed");
             break;
         }
-        benchmark::DoNotOptimize(Walk(doc));
+        ZuXmlWalk(doc, tally);
     }
+    benchmark::DoNotOptimize(tally.sum);
     ZuXmlReleaseDocument(doc);
     state.SetItemsProcessed(state.iterations());
 }
@@ -109,8 +64,9 @@ template <class Char> struct Count {
 };
 
 template <bool Wide> void Sax(benchmark::State &state, const std::string &name) {
-    const Corpus &corpus = Document(name);
-    const std::u16string widePath(corpus.path.begin(), corpus.path.end());
+    const Document *document = Require(state, name);
+    if (!document)
+        return;
     uint64_t events = 0;
     for (auto _ : state) {
         ZuXmlSax2Parser parser = ZuXmlCreateSax2Parser(&events);
@@ -119,14 +75,14 @@ template <bool Wide> void Sax(benchmark::State &state, const std::string &name) 
             using C = Count<ZuXmlWChar>;
             ZuXmlSetSax2ParserCallbacksW(parser, nullptr, nullptr, C::Start, C::Attribute, nullptr, C::End, C::Comment,
                                          nullptr);
-            result = ZuXmlSax2LoadFromFileW(parser, reinterpret_cast<const ZuXmlWChar *>(widePath.c_str()), 0);
+            result = ZuXmlSax2LoadFromFileW(parser, reinterpret_cast<const ZuXmlWChar *>(document->widePath.c_str()), 0);
         } else {
             // The narrow Attribute entry brings AttributesDone, which must
             // then be set.
             using C = Count<char>;
             ZuXmlSetSax2ParserCallbacksA(parser, nullptr, nullptr, C::Start, C::Attribute, C::AttributesDone, C::End,
                                          C::Comment, nullptr);
-            result = ZuXmlSax2LoadFromFileA(parser, corpus.path.c_str(), 0);
+            result = ZuXmlSax2LoadFromFileA(parser, document->path.c_str(), 0);
         }
         ZuXmlReleaseSax2Parser(parser);
         if (result != 1) {
@@ -140,10 +96,8 @@ template <bool Wide> void Sax(benchmark::State &state, const std::string &name) 
 
 void Register(const std::string &path, void (*run)(benchmark::State &, const std::string &)) {
     for (const char *name : {"record", "text"}) {
-        if (Document(name).bytes.empty()) {
-            std::fprintf(stderr, "no document %s: skipped\n", Document(name).path.c_str());
-            continue;
-        }
+        // Read here, before any thread asks for it.
+        GetDocument(name);
         benchmark::RegisterBenchmark((path + "/" + name).c_str(), run, std::string(name))
             ->Threads(1)
             ->Threads(2)
@@ -159,7 +113,7 @@ void Register(const std::string &path, void (*run)(benchmark::State &, const std
 // from the medians of the repetitions. On a machine that others load, wall
 // time shows how much of a second core the run got; CPU time per document
 // shows whether the threads slowed each other down (locks, allocator).
-class ScalingReporter : public zuxml_bench::SummaryReporter {
+class ScalingReporter : public SummaryReporter {
 protected:
     void Take(const Run &run, bool median) override {
         const auto rate = run.counters.find("items_per_second");

@@ -7,19 +7,19 @@ using namespace zuxml;
 extern "C" {
 
 ZUXML_API int32_t ZuXmlWriteW(ZuXmlDocument hDocument, const ZuXmlWChar *szPath) {
-    return CallDocument(hDocument, 0, &CZUXMLDocument::WriteToFile, AsXml(szPath), true);
+    return Call(hDocument, 0, &CZUXMLDocument::WriteToFile, AsXml(szPath), true);
 }
 
 ZUXML_API int32_t ZuXmlWriteA(ZuXmlDocument hDocument, const char *szPath) {
-    return CallDocument(hDocument, 0, &CZUXMLDocument::WriteToFile, NarrowArg(szPath).get(), true);
+    return Call(hDocument, 0, &CZUXMLDocument::WriteToFile, NarrowArg(szPath).get(), true);
 }
 
 ZUXML_API int32_t ZuXmlWriteNoPrettyW(ZuXmlDocument hDocument, const ZuXmlWChar *szPath) {
-    return CallDocument(hDocument, 0, &CZUXMLDocument::WriteToFile, AsXml(szPath), false);
+    return Call(hDocument, 0, &CZUXMLDocument::WriteToFile, AsXml(szPath), false);
 }
 
 ZUXML_API int32_t ZuXmlWriteNoPrettyA(ZuXmlDocument hDocument, const char *szPath) {
-    return CallDocument(hDocument, 0, &CZUXMLDocument::WriteToFile, NarrowArg(szPath).get(), false);
+    return Call(hDocument, 0, &CZUXMLDocument::WriteToFile, NarrowArg(szPath).get(), false);
 }
 
 ZUXML_API int32_t ZuXmlWriteToStringW(ZuXmlDocument hDocument, ZuXmlWChar *szBuffer, int32_t *pnLength) {

@@ -71,9 +71,7 @@ size_t ConvertRun(const XMLCh *text, size_t length, char *out) {
 void AppendTranscoded(const XMLCh *text, CZUXMLNarrowText &out) {
     char *bytes = XMLString::transcode(text, XMLPlatformUtils::fgMemoryManager);
     if (bytes) {
-        const size_t count = std::strlen(bytes);
-        std::memcpy(out.Reserve(count), bytes, count);
-        out.Commit(count);
+        out.Append(bytes, std::strlen(bytes));
         XMLString::release(&bytes, XMLPlatformUtils::fgMemoryManager);
     }
 }
@@ -102,6 +100,11 @@ char *CZUXMLNarrowText::Reserve(size_t count) {
         m_nCapacity = capacity;
     }
     return m_pBytes.get() + m_nSize;
+}
+
+void CZUXMLNarrowText::Append(const char *bytes, size_t count) {
+    std::memcpy(Reserve(count), bytes, count);
+    Commit(count);
 }
 
 void CZUXMLLocalCodePage::Append(const XMLCh *text, size_t length, CZUXMLNarrowText &out) const {

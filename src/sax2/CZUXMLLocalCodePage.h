@@ -37,6 +37,7 @@ public:
         m_nSize += count;
         m_pBytes[m_nSize] = 0;
     }
+    void Append(const char *bytes, size_t count);
 
 private:
     std::unique_ptr<char[]> m_pBytes;
@@ -55,7 +56,8 @@ public:
     // gives for that text, none for text it cannot convert.
     void Append(const XMLCh *text, size_t length, CZUXMLNarrowText &out) const;
 
-    // Whether texts take the direct route (for tests that compare both).
+    // Whether texts take the direct route; otherwise each text costs a call
+    // of Xerces' transcoder, and what recurs is worth keeping.
     bool IsDirect() const { return m_bUtf8; }
 
 private:

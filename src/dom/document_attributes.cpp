@@ -34,8 +34,6 @@ DOMAttr *IndexedAttribute(DOMNode *node, int32_t index) {
 } // namespace
 
 int32_t CZUXMLDocument::AttributeCount(DOMNode *node) const {
-    if (!node || !m_pDocument)
-        return -1;
     DOMElement *element = AsElement(node);
     return element ? static_cast<int32_t>(element->getAttributes()->getLength()) : -1;
 }
@@ -50,8 +48,6 @@ int32_t CZUXMLDocument::AttributeValueAt(DOMNode *node, int32_t index, TextResul
 
 int32_t CZUXMLDocument::IndexedAttributeText(DOMNode *node, int32_t index, const XMLCh *(DOMAttr::*property)() const,
                                              TextResult &text) const {
-    if (!node || !m_pDocument)
-        return 0;
     DOMAttr *attribute = IndexedAttribute(node, index);
     if (!attribute)
         return 0;
@@ -62,7 +58,7 @@ int32_t CZUXMLDocument::IndexedAttributeText(DOMNode *node, int32_t index, const
 // The element whose attribute name addresses: NULL for a NULL node, no
 // document, a NULL or empty name, or a node that is not an element.
 DOMElement *CZUXMLDocument::NamedAttributeElement(DOMNode *node, const XMLCh *name) const {
-    if (!node || !m_pDocument || IsEmpty(name))
+    if (IsEmpty(name))
         return nullptr;
     return AsElement(node);
 }
@@ -94,6 +90,7 @@ int32_t CZUXMLDocument::AddAttribute(DOMNode *node, const XMLCh *name, const XML
     DOMElement *element = node ? AsElement(node) : nullptr;
     if (!element)
         return 0;
+    EditReaches(element);
     try {
         element->setAttribute(name, value);
     } catch (const DOMException &) {
@@ -109,17 +106,17 @@ int32_t CZUXMLDocument::SetAttributeValue(DOMNode *node, const XMLCh *name, cons
     DOMAttr *attribute = element ? element->getAttributeNode(name) : nullptr;
     if (!attribute)
         return 0;
+    EditReaches(element);
     attribute->setValue(value);
     return 1;
 }
 
 // Removal goes by the attribute's qualified name, not by the node.
 int32_t CZUXMLDocument::RemoveAttributeAt(DOMNode *node, int32_t index) {
-    if (!node || !m_pDocument)
-        return 0;
     DOMAttr *attribute = IndexedAttribute(node, index);
     if (!attribute)
         return 0;
+    EditReaches(node);
     try {
         static_cast<DOMElement *>(node)->removeAttribute(attribute->getName());
     } catch (const DOMException &) {
@@ -133,6 +130,7 @@ int32_t CZUXMLDocument::RemoveAttributeNamed(DOMNode *node, const XMLCh *name) {
     DOMElement *element = NamedAttributeElement(node, name);
     if (!element)
         return 0;
+    EditReaches(element);
     try {
         element->removeAttribute(name);
     } catch (const DOMException &) {

@@ -52,10 +52,10 @@ trap stop_wine EXIT
 step "Wine prefix" wine_prefix
 
 configure_and_build() {
-  # A build tree made with another toolchain file starts afresh: its cache
-  # keeps the flags the old file gave.
+  # A build tree made with another toolchain starts afresh: its cache keeps
+  # the flags the old one gave.
   local toolchain_sum
-  toolchain_sum=$(sha256sum <"$root/cmake/toolchains/mingw-w64-x86_64.cmake")
+  toolchain_sum=$(cat "$root"/cmake/toolchains/*.cmake "$root"/cmake/toolchains/*.specs | sha256sum)
   if [ "$(cat "$build/zuxml/.toolchain" 2>/dev/null)" != "$toolchain_sum" ]; then
     rm -rf "$build/zuxml"
     mkdir -p "$build/zuxml"

@@ -14,41 +14,12 @@ build=$(mkdir -p "$1" && cd "$1" && pwd)
 shift
 toolchain=$root/cmake/toolchains/mingw-w64-x86_64.cmake
 jobs=${ZUXML_JOBS:-2}
-# A prefix is kept while the toolchain file and this script are as they
-# were when it was built.
-recipe=$(cat "$toolchain" "$0" | sha256sum | cut -c1-16)
+# A prefix is kept while the toolchain (its file and the specs file beside
+# it) and this script are as they were when it was built.
+recipe=$(cat "$root"/cmake/toolchains/*.cmake "$root"/cmake/toolchains/*.specs "$0" | sha256sum | cut -c1-16)
 
 # Answers whether prefix $1 is complete and was built by this recipe.
 is_current() { [ -f "$1/.complete" ] && [ "$(sed -n 2p "$1/.complete")" = "recipe $recipe" ]; }
-
-# Fetches Debian's source package of $1 into directory $2 with a deb-src
-# twin of the machine's own apt sources: the same mirrors and suites, read
-# from /etc/apt at run time.
-fetch_debian_source() {
-  local package=$1 into=$2 apt_dir f
-  apt_dir=$(mktemp -d)
-  mkdir -p "$apt_dir/sources.list.d" "$apt_dir/lists/partial" "$apt_dir/cache/archives/partial"
-  : >"$apt_dir/sources.list"
-  for f in /etc/apt/sources.list /etc/apt/sources.list.d/*.list; do
-    [ -f "$f" ] || continue
-    sed -nE 's/^[[:space:]]*deb([[:space:]])/deb-src\1/p' "$f" >>"$apt_dir/sources.list"
-  done
-  for f in /etc/apt/sources.list.d/*.sources; do
-    [ -f "$f" ] || continue
-    # deb822 stanzas: every "Types:" line names deb-src alone.
-    sed -E 's/^Types:.*$/Types: deb-src/' "$f" >"$apt_dir/sources.list.d/$(basename "$f")"
-  done
-  local apt_opts=(-o "Dir::Etc::SourceList=$apt_dir/sources.list"
-                  -o "Dir::Etc::SourceParts=$apt_dir/sources.list.d"
-                  -o "Dir::State::Lists=$apt_dir/lists"
-                  -o "Dir::Cache=$apt_dir/cache")
-  local rc=0
-  apt-get -q "${apt_opts[@]}" update &&
-    mkdir -p "$into" &&
-    (cd "$into" && apt-get -q "${apt_opts[@]}" source "$package") || rc=$?
-  rm -rf "$apt_dir"
-  return "$rc"
-}
 
 xerces() {
   local prefix=$build/xerces-prefix src=$build/xerces-src tree
@@ -59,7 +30,7 @@ xerces() {
   rm -rf "$prefix" "$build/xerces-build"
   if [ ! -f "$src/.unpacked" ]; then
     rm -rf "$src"
-    fetch_debian_source xerces-c "$src"
+    "$root/scripts/fetch-debian-source.sh" xerces-c "$src"
     touch "$src/.unpacked"
   fi
   tree=$(find "$src" -mindepth 1 -maxdepth 1 -type d -name 'xerces-c-*' | head -n1)

@@ -23,6 +23,7 @@ namespace zuxml {
 
 namespace {
 
+#if defined(ZUXML_HAVE_ICU)
 constexpr XMLCh kFirstNonAscii = 0x80;
 
 // Copies the ASCII units at the start of text (at most length) to out as
@@ -44,7 +45,6 @@ size_t CopyAscii(const XMLCh *text, size_t length, char *out) {
     return units;
 }
 
-#if defined(ZUXML_HAVE_ICU)
 // Whether Xerces' local code page transcoder is ICU's UTF-8 converter: the
 // ICU service opens it as ICU's default converter (ucnv_open(NULL)).
 bool XercesTranscodesToUtf8() {
@@ -107,7 +107,8 @@ void CZUXMLNarrowText::Append(const char *bytes, size_t count) {
     Commit(count);
 }
 
-void CZUXMLLocalCodePage::Append(const XMLCh *text, size_t length, CZUXMLNarrowText &out) const {
+// Without ICU (the Windows build) every text goes through Xerces' transcoder.
+void CZUXMLLocalCodePage::Append(const XMLCh *text, [[maybe_unused]] size_t length, CZUXMLNarrowText &out) const {
     if (!m_bUtf8) {
         AppendTranscoded(text, out);
         return;

@@ -208,7 +208,7 @@ TEST(AttributeValueNameNarrow, NameIsConvertedInTheLocale) {
     char buffer[8];
     int32_t length = 8;
     {
-        ScopedLocale locale("C.UTF-8");
+        ScopedLocale locale(kUtf8Locale);
         ASSERT_TRUE(locale.ok());
         EXPECT_EQ(ZuXmlGetNodeAttributeValueNameA(document, e, "caf\xc3\xa9", buffer, &length), 1);
         EXPECT_STREQ(buffer, "1");
@@ -234,7 +234,7 @@ TEST(AddNodeAttribute, NullNodeSetsTheAttributeOnTheRootThenReplacesItsValue) {
 }
 
 TEST(AddNodeAttribute, GivenElementAndTheNarrowForm) {
-    ScopedLocale locale("C.UTF-8");
+    ScopedLocale locale(kUtf8Locale);
     ASSERT_TRUE(locale.ok());
     Document document = Loaded("<r><c/></r>");
     ZuXmlNode c = Child(document, nullptr, u"c");

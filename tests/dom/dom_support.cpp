@@ -6,7 +6,6 @@
 #include <xercesc/util/XMLString.hpp>
 
 #include <cstdlib>
-#include <fstream>
 #include <iterator>
 #include <random>
 #include <string>
@@ -120,15 +119,15 @@ WString WithoutIndentation(const WString &xml) {
 
 ScratchDirectory::ScratchDirectory() {
     // A directory no one else has, made the same way where there is no mkdtemp.
-    const std::filesystem::path base(::testing::TempDir());
+    const std::filesystem::path base = Utf8Path(::testing::TempDir());
     std::random_device random;
     for (int attempt = 0; attempt < 100 && m_Path.empty(); ++attempt) {
-        const std::filesystem::path candidate = base / ("zuxml-dom-" + std::to_string(random()));
+        const std::filesystem::path candidate = base / Utf8Path("zuxml-dom-" + std::to_string(random()));
         std::error_code error;
         if (std::filesystem::create_directory(candidate, error))
             m_Path = candidate;
     }
-    EXPECT_FALSE(m_Path.empty()) << "no scratch directory under " << base;
+    EXPECT_FALSE(m_Path.empty()) << "no scratch directory under " << Utf8Of(base);
 }
 
 ScratchDirectory::~ScratchDirectory() {
@@ -137,16 +136,6 @@ ScratchDirectory::~ScratchDirectory() {
         std::filesystem::remove_all(m_Path, ignored);
 }
 
-std::string ReadBytes(const std::filesystem::path &path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-void WriteBytes(const std::filesystem::path &path, const std::string &bytes) {
-    std::ofstream out(path, std::ios::binary);
-    out << bytes;
-}
-
-std::filesystem::path DataFile(const std::string &name) { return std::filesystem::path(ZUXML_DOM_DATA_DIR) / name; }
+std::filesystem::path DataFile(const std::string &name) { return Utf8Path(ZUXML_DOM_DATA_DIR) / Utf8Path(name); }
 
 } // namespace zuxml_dom_test

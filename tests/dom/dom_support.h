@@ -8,13 +8,21 @@
 #include <optional>
 #include <string>
 
+#include "support/files.h"
 #include "support/text.h"
 #include "zuxml.h"
 
 namespace zuxml_dom_test {
 
+using zuxml_test::NarrowOf;
+using zuxml_test::ReadBytes;
+using zuxml_test::Utf8Of;
+using zuxml_test::Utf8Path;
 using zuxml_test::W;
+using zuxml_test::WideOf;
+using zuxml_test::WriteBytes;
 using zuxml_test::WString;
+using zuxml_test::kUtf8Locale;
 
 // A document handle released at the end of its scope.
 class Document {
@@ -91,18 +99,13 @@ public:
     ScratchDirectory(const ScratchDirectory &) = delete;
     ScratchDirectory &operator=(const ScratchDirectory &) = delete;
 
-    std::filesystem::path File(const std::string &name) const { return m_Path / name; }
+    std::filesystem::path File(const std::string &name) const { return m_Path / Utf8Path(name); }
     const std::filesystem::path &path() const { return m_Path; }
 
 private:
     std::filesystem::path m_Path;
 };
 
-std::string ReadBytes(const std::filesystem::path &path);
-void WriteBytes(const std::filesystem::path &path, const std::string &bytes);
-
-// A path as the interface's wide text.
-inline WString WidePath(const std::filesystem::path &path) { return zuxml_test::W(path.u16string().c_str()); }
 
 // The directory of the DOM test documents.
 std::filesystem::path DataFile(const std::string &name);

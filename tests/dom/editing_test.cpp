@@ -188,7 +188,7 @@ TEST(AddNodeNarrow, EmptyTextIsStillText) {
 }
 
 TEST(AddNodeNarrow, ArgumentsAreConvertedInTheLocale) {
-    ScopedLocale locale("C.UTF-8");
+    ScopedLocale locale(kUtf8Locale);
     ASSERT_TRUE(locale.ok());
     Document document = Loaded("<r/>");
     ZuXmlNode item =
@@ -200,7 +200,7 @@ TEST(AddNodeNarrow, ArgumentsAreConvertedInTheLocale) {
 }
 
 TEST(AddNodeNarrow, NameInvalidInTheLocaleBecomesEmptyAndFails) {
-    ScopedLocale locale("C.UTF-8");
+    ScopedLocale locale(kUtf8Locale);
     ASSERT_TRUE(locale.ok());
     Document document = Loaded("<r/>");
     Unchanged unchanged(document);
@@ -442,7 +442,7 @@ TEST(SetNodeTextContentNarrow, NullEmptiesAndEmptyStringLeavesAnEmptyText) {
 }
 
 TEST(SetNodeTextContentNarrow, TextIsConvertedInTheLocale) {
-    ScopedLocale locale("C.UTF-8");
+    ScopedLocale locale(kUtf8Locale);
     ASSERT_TRUE(locale.ok());
     Document document = Loaded("<r/>");
     ASSERT_EQ(ZuXmlSetNodeTextContentA(document, ZuXmlGetRootNode(document), "caf\xc3\xa9"), 1);

@@ -124,7 +124,7 @@ TEST_P(MultibyteNarrowGetter, WideFormGivesTheUnitsUnchanged) {
 }
 
 TEST_P(MultibyteNarrowGetter, NarrowGetterCutsMultibyteTextAtCallerLength) {
-    ScopedLocale locale("C.UTF-8");
+    ScopedLocale locale(kUtf8Locale);
     ASSERT_TRUE(locale.ok());
     Document document = Loaded(GetParam().xml);
     auto buffer = FilledBuffer<char>(16);
@@ -136,7 +136,7 @@ TEST_P(MultibyteNarrowGetter, NarrowGetterCutsMultibyteTextAtCallerLength) {
 }
 
 TEST_P(MultibyteNarrowGetter, TooSmallReportsTheWideCountPlusOne) {
-    ScopedLocale locale("C.UTF-8");
+    ScopedLocale locale(kUtf8Locale);
     ASSERT_TRUE(locale.ok());
     Document document = Loaded(GetParam().xml);
     auto buffer = FilledBuffer<char>(16);
@@ -147,7 +147,7 @@ TEST_P(MultibyteNarrowGetter, TooSmallReportsTheWideCountPlusOne) {
 }
 
 TEST_P(MultibyteNarrowGetter, TwiceTheWideCountHoldsTheWholeText) {
-    ScopedLocale locale("C.UTF-8");
+    ScopedLocale locale(kUtf8Locale);
     ASSERT_TRUE(locale.ok());
     Document document = Loaded(GetParam().xml);
     auto buffer = FilledBuffer<char>(16);

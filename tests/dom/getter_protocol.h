@@ -3,7 +3,7 @@
 // Each test program lists its getters as GetterCase rows and instantiates
 // the suites below with them; the bodies are in getter_protocol.cpp:
 //   WideGetterProtocol     getter x length            (L, L+1, larger, 0, negative)
-//   NarrowGetterProtocol   getter x length x locale   ("C" and "C.UTF-8", ASCII text)
+//   NarrowGetterProtocol   getter x length x locale   ("C" and the UTF-8 locale, ASCII text)
 //   GetterRetry            getter: a retry with the reported length succeeds
 //   MultibyteNarrowGetter  getter on the text "\u00e9\u00e8\u00ea": the narrow asymmetries
 #pragma once
@@ -58,7 +58,7 @@ const LengthCase kNarrowLengths[] = {
     {"Zero", 0, 0, false},       {"MinusOne", 0, -1, false},        {"MinusSeven", 0, -7, false},
 };
 
-const char *const kNarrowLocales[] = {"C", "C.UTF-8"};
+const char *const kNarrowLocales[] = {"C", kUtf8Locale};
 
 class WideGetterProtocol : public ::testing::TestWithParam<std::tuple<GetterCase, LengthCase>> {};
 class NarrowGetterProtocol : public ::testing::TestWithParam<std::tuple<GetterCase, LengthCase, const char *>> {};

@@ -131,7 +131,7 @@ TEST(ChildSearchNarrow, NameIsConvertedInTheLocale) {
     ZuXmlNode wide = Child(document, nullptr, u"caf\u00e9");
     ASSERT_NE(wide, nullptr);
     {
-        ScopedLocale locale("C.UTF-8");
+        ScopedLocale locale(kUtf8Locale);
         ASSERT_TRUE(locale.ok());
         EXPECT_EQ(ZuXmlFindChildA(document, nullptr, "caf\xc3\xa9"), wide);
     }

@@ -115,13 +115,13 @@ const std::vector<std::pair<const char *, EditOf>> &Edits() {
          [](ZuXmlDocument h, ZuXmlDocument, const Nodes &) {
              ScratchDirectory scratch;
              WriteBytes(scratch.File("f.xml"), kOtherXml);
-             EXPECT_EQ(ZuXmlLoadFromFileW(h, WidePath(scratch.File("f.xml")).c_str()), 1);
+             EXPECT_EQ(ZuXmlLoadFromFileW(h, WideOf(scratch.File("f.xml")).c_str()), 1);
          }},
         {"LoadFromFileA",
          [](ZuXmlDocument h, ZuXmlDocument, const Nodes &) {
              ScratchDirectory scratch;
              WriteBytes(scratch.File("f.xml"), "<f/>");
-             EXPECT_EQ(ZuXmlLoadFromFileA(h, scratch.File("f.xml").string().c_str()), 1);
+             EXPECT_EQ(ZuXmlLoadFromFileA(h, NarrowOf(scratch.File("f.xml")).c_str()), 1);
          }},
         // Through the other handle, with this document's nodes.
         {"RemoveNodeThroughAnotherHandle",

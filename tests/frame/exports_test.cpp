@@ -5,13 +5,13 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <fstream>
 #include <map>
 #include <regex>
 #include <set>
 #include <sstream>
 #include <string>
 
+#include "support/files.h"
 #include "zuxml.h"
 
 namespace {
@@ -21,16 +21,9 @@ struct Export {
     std::string target; // the function the name is bound to
 };
 
-std::string ReadFile(const std::string &path) {
-    std::ifstream in(path);
-    std::stringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
 std::map<std::string, Export> DefExports() {
     std::map<std::string, Export> exports;
-    std::istringstream in(ReadFile(ZUXML_SOURCE_DIR "/exports/ZUXML.def"));
+    std::istringstream in(zuxml_test::ReadBytes(zuxml_test::Utf8Path(ZUXML_SOURCE_DIR "/exports/ZUXML.def")));
     const std::regex plain(R"(^\s+(ZuXml\w+)\s+@(\d+)\s*$)");
     const std::regex alias(R"(^\s+(ZuXml\w+)\s*=\s*(ZuXml\w+)\s+@(\d+)\s*$)");
     std::string line;
@@ -91,7 +84,7 @@ TEST(ExportTable, SharedEntriesAreBoundToOneFunction) {
 }
 
 TEST(ExportTable, VersionScriptListsEveryNameOnceAndHidesTheRest) {
-    const std::string script = ReadFile(ZUXML_VERSION_SCRIPT);
+    const std::string script = zuxml_test::ReadBytes(zuxml_test::Utf8Path(ZUXML_VERSION_SCRIPT));
     std::set<std::string> names;
     const std::regex entry(R"((ZuXml\w+);)");
     for (std::sregex_iterator it(script.begin(), script.end(), entry), end; it != end; ++it)
@@ -101,7 +94,7 @@ TEST(ExportTable, VersionScriptListsEveryNameOnceAndHidesTheRest) {
 }
 
 TEST(ExportTable, HeaderDeclaresEveryNameOnce) {
-    const std::string header = ReadFile(ZUXML_SOURCE_DIR "/include/zuxml.h");
+    const std::string header = zuxml_test::ReadBytes(zuxml_test::Utf8Path(ZUXML_SOURCE_DIR "/include/zuxml.h"));
     std::set<std::string> declared;
     const std::regex declaration(R"(ZUXML_API\s+[\w\s\*]*?\b(ZuXml\w+)\s*\()");
     for (std::sregex_iterator it(header.begin(), header.end(), declaration), end; it != end; ++it)

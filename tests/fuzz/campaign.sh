@@ -3,14 +3,12 @@
 #
 #   tests/fuzz/campaign.sh [SECONDS_PER_TARGET] [TARGET...]
 #
-# Xerces comes from Debian's own source package for the installed version:
-# the deb-src lines are derived at run time from this machine's apt sources
-# into a private apt directory (the system's apt configuration is left
-# alone), the source is unpacked under build-campaign/ and built with clang,
-# -fsanitize=fuzzer-no-link,address,undefined and no network accessor (no
-# fuzz input can reach the network). The fuzz targets are then linked against
-# it and each runs in turn, niced, on one core, for SECONDS_PER_TARGET
-# (default 300). New inputs are kept in build-campaign/corpus/<target>;
+# Xerces comes from Debian's own source package for the installed version
+# (scripts/fetch-debian-source.sh), unpacked under build-campaign/ and built
+# with clang, -fsanitize=fuzzer-no-link,address,undefined and no network
+# accessor (no fuzz input can reach the network). The fuzz targets are then
+# linked against it and each runs in turn, niced, on one core, for
+# SECONDS_PER_TARGET (default 300). New inputs are kept in build-campaign/corpus/<target>;
 # crashes land in build-campaign/artifacts/.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
@@ -29,29 +27,8 @@ xerces_lib=$work/xerces-build/src/libxerces-c-3.2.so
 if [ ! -f "$xerces_lib" ]; then
   src=$(find "$work/src" -maxdepth 1 -mindepth 1 -type d -name 'xerces-c*' 2>/dev/null | head -n 1)
   if [ -z "$src" ]; then
-    # deb-src entries: the machine's own deb entries with their type changed.
-    apt_dir=$work/apt
-    mkdir -p "$apt_dir/sources.list.d" "$apt_dir/lists/partial"
-    : > "$apt_dir/sources.list"
-    found=0
-    for f in /etc/apt/sources.list.d/*.sources; do
-      [ -e "$f" ] || continue
-      sed -E 's/^Types:.*/Types: deb-src/' "$f" > "$apt_dir/sources.list.d/$(basename "$f")"
-      found=1
-    done
-    for f in /etc/apt/sources.list /etc/apt/sources.list.d/*.list; do
-      [ -e "$f" ] || continue
-      sed -nE 's/^deb[[:space:]]/deb-src /p' "$f" >> "$apt_dir/sources.list"
-      found=1
-    done
-    [ $found = 1 ] || { echo "no apt sources found on this machine" >&2; exit 1; }
-    apt_opts=(-o "Dir::Etc::SourceList=$apt_dir/sources.list"
-              -o "Dir::Etc::SourceParts=$apt_dir/sources.list.d"
-              -o "Dir::State::Lists=$apt_dir/lists")
-    apt-get "${apt_opts[@]}" update -qq
     version=$(dpkg-query -W -f='${Version}' libxerces-c3.2)
-    mkdir -p "$work/src"
-    (cd "$work/src" && apt-get "${apt_opts[@]}" source --only-source "xerces-c=$version")
+    scripts/fetch-debian-source.sh "xerces-c=$version" "$work/src"
     src=$(find "$work/src" -maxdepth 1 -mindepth 1 -type d -name 'xerces-c*' | head -n 1)
   fi
 

@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 
 #include <unistd.h>
@@ -12,6 +11,8 @@
 #include <gtest/gtest.h>
 #include <xercesc/util/TransService.hpp>
 #include <xercesc/util/XMLString.hpp>
+
+#include "support/files.h"
 
 XERCES_CPP_NAMESPACE_USE
 
@@ -155,7 +156,7 @@ std::string DataFile(const std::string &name) { return std::string(ZUXML_TEST_DA
 
 TempFile::TempFile(const std::string &content) {
     // TMPDIR or /tmp; on Windows the user's temporary folder, drive included.
-    std::string pattern = (std::filesystem::temp_directory_path() / "zuxml_sax2_XXXXXX").string();
+    std::string pattern = zuxml_test::NarrowOf(std::filesystem::temp_directory_path() / zuxml_test::Utf8Path("zuxml_sax2_XXXXXX"));
     std::vector<char> name(pattern.begin(), pattern.end());
     name.push_back('\0');
     const int fd = mkstemp(name.data());
@@ -165,7 +166,7 @@ TempFile::TempFile(const std::string &content) {
     }
     close(fd);
     m_Path = name.data();
-    std::ofstream(m_Path, std::ios::binary) << content;
+    zuxml_test::WriteBytes(zuxml_test::Utf8Path(m_Path), content);
 }
 
 TempFile::~TempFile() {

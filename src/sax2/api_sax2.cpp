@@ -45,8 +45,11 @@ ZUXML_API int32_t ZuXmlSetSax2ParserCallbacksA(
     return 1;
 }
 
+// A load without a file name is refused before anything is made: no
+// reader, no handler, no message and no callback, and the parser keeps what
+// it held.
 ZUXML_API int32_t ZuXmlSax2LoadFromFileW(ZuXmlSax2Parser hParser, const ZuXmlWChar *szFileName, int32_t nMode) {
-    if (!hParser)
+    if (!hParser || !szFileName)
         return 0;
     return Parser(hParser)->LoadFromFile(reinterpret_cast<const XMLCh *>(szFileName), nMode);
 }
@@ -55,7 +58,7 @@ ZUXML_API int32_t ZuXmlSax2LoadFromFileW(ZuXmlSax2Parser hParser, const ZuXmlWCh
 // not the C runtime's locale that the other narrow entries use: streaming
 // callers have always had their file names read that way.
 ZUXML_API int32_t ZuXmlSax2LoadFromFileA(ZuXmlSax2Parser hParser, const char *szFileName, int32_t nMode) {
-    if (!hParser)
+    if (!hParser || !szFileName)
         return 0;
     zuxml::CZUXMLTextRecord fileName(szFileName);
     return Parser(hParser)->LoadFromFile(fileName.ParserForm(), nMode);

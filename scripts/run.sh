@@ -36,7 +36,7 @@ case "${1:-}" in
     build/examples/zuxml_stream examples/sample.xml 3
     ;;
   test)
-    scripts/install-deps.sh
+    scripts/install-deps.sh abigail-tools
     configure_and_build build -DZUXML_BUILD_TESTS=ON -DZUXML_BUILD_EXAMPLES=ON
     ctest --test-dir build --output-on-failure --parallel "$jobs"
     ;;

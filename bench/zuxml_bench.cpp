@@ -27,6 +27,7 @@
 #include <benchmark/benchmark.h>
 
 #include <xercesc/dom/DOM.hpp>
+#include <xercesc/framework/LocalFileFormatTarget.hpp>
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/framework/Wrapper4InputSource.hpp>
 #include <xercesc/sax2/Attributes.hpp>
@@ -596,6 +597,51 @@ void WriteRaw(benchmark::State &state, const std::string &name) {
 }
 
 // ---------------------------------------------------------------------------
+// Writing the whole document to a file: ZuXml first makes sure the
+// serializer can finish (one walk over the nodes it writes), then writes as
+// Xerces does. The output goes to the null device, so the serializer's own
+// work is measured, not the disk's.
+
+constexpr char16_t kNullDevice[] = u"/dev/null";
+
+__attribute__((noinline)) bool RawWriteFile(DOMDocument *doc) {
+    auto *implementation = static_cast<DOMImplementationLS *>(DOMImplementationRegistry::getDOMImplementation(u"Core"));
+    DOMLSSerializer *serializer = implementation->createLSSerializer(XMLPlatformUtils::fgMemoryManager);
+    DOMLSOutput *output = implementation->createLSOutput(XMLPlatformUtils::fgMemoryManager);
+    bool written;
+    {
+        LocalFileFormatTarget target(kNullDevice, XMLPlatformUtils::fgMemoryManager);
+        output->setByteStream(&target);
+        written = serializer->write(doc, output);
+    }
+    output->release();
+    serializer->release();
+    return written;
+}
+
+void WriteFileZuXml(benchmark::State &state, const std::string &name) {
+    const Document *document = Require(state, name);
+    if (!document)
+        return;
+    ZuXmlDocument doc = Loaded(*document).zuxml;
+    for (auto _ : state)
+        if (ZuXmlWriteNoPrettyW(doc, kNullDevice) != 1)
+            state.SkipWithError("write failed");
+    SetBytes(state, *document);
+}
+
+void WriteFileRaw(benchmark::State &state, const std::string &name) {
+    const Document *document = Require(state, name);
+    if (!document)
+        return;
+    DOMDocument *doc = Loaded(*document).raw;
+    for (auto _ : state)
+        if (!RawWriteFile(doc))
+            state.SkipWithError("write failed");
+    SetBytes(state, *document);
+}
+
+// ---------------------------------------------------------------------------
 // Registration and the summary of ratios
 
 // A fixed number of iterations when ZUXML_BENCH_ITERATIONS says so (for
@@ -631,6 +677,7 @@ void RegisterAll() {
         RegisterPair("dom_load", document, LoadZuXml, LoadRaw);
         RegisterPair("dom_walk", document, WalkZuXml, WalkRaw);
         RegisterPair("write_string", document, WriteZuXml, WriteRaw);
+        RegisterPair("write_file", document, WriteFileZuXml, WriteFileRaw);
     }
     for (auto *bench : {benchmark::RegisterBenchmark("getter_name_w/small/zuxml", GetterZuXml<ZuXmlWChar, ZuXmlGetNodeNameW>),
                         benchmark::RegisterBenchmark("getter_name_w/small/raw", GetterRaw<XMLCh>),

@@ -274,6 +274,20 @@ TEST_F(WriteGuard, DocumentsXercesWritesAreWrittenByteForByteAsXercesWritesThem)
     std::filesystem::remove(theirs);
 }
 
+// Xerces writes the last block of output when the file is closed, after the
+// serializer has answered, and does not report an error there: a small
+// document written to a full disk answers 1; a larger one fails while the
+// serializer still runs and answers 0.
+TEST_F(WriteGuard, AFullDiskIsSeenOnlyPastTheLastBlock) {
+    for (const size_t size : {size_t(1000), size_t(64000)}) {
+        const std::string xml = "<a>" + std::string(size, 'x') + "</a>";
+        ZuXmlDocument doc = LoadedBytes(xml);
+        ASSERT_NE(doc, nullptr);
+        EXPECT_EQ(ZuXmlWriteA(doc, "/dev/full"), size < 4096 ? 1 : 0) << size << " characters";
+        ZuXmlReleaseDocument(doc);
+    }
+}
+
 // The public identifier and the namespace URI of a prefixed attribute reach
 // the serializer unchecked too, but only from a parsed document, whose text
 // is well formed: the guard is shown them on documents built with Xerces.

@@ -3,6 +3,7 @@
 #include "dom/write_guard.h"
 
 #include <memory>
+#include <vector>
 
 #include <xercesc/dom/DOM.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
@@ -78,17 +79,35 @@ bool TranscoderKeepsLeadSurrogate(const XMLCh *encoding) {
     return eaten == 0;
 }
 
-bool NodeEndsARunWithLeadSurrogate(const DOMNode *node) {
+// Xerces keeps one copy of each namespace URI in the document's string
+// pool, so the URI found clean last is not read again for the next node
+// in the same namespace.
+class NamespaceCheck {
+public:
+    bool EndsARun(const XMLCh *uri) {
+        if (!uri || uri == m_pClean)
+            return false;
+        if (EndsARunWithLeadSurrogate(uri, kAttributeBreaks))
+            return true;
+        m_pClean = uri;
+        return false;
+    }
+
+private:
+    const XMLCh *m_pClean = nullptr;
+};
+
+bool NodeEndsARunWithLeadSurrogate(const DOMNode *node, NamespaceCheck &namespaces) {
     switch (node->getNodeType()) {
     case DOMNode::ELEMENT_NODE: {
-        if (EndsARunWithLeadSurrogate(node->getNamespaceURI(), kAttributeBreaks))
+        if (namespaces.EndsARun(node->getNamespaceURI()))
             return true;
         // The namespace of a prefixed attribute is declared beside it.
         const DOMNamedNodeMap *attributes = node->getAttributes();
         for (XMLSize_t i = 0, count = attributes->getLength(); i < count; ++i) {
             const DOMNode *attribute = attributes->item(i);
             const XMLCh *prefix = attribute->getPrefix();
-            if (prefix && *prefix && EndsARunWithLeadSurrogate(attribute->getNamespaceURI(), kAttributeBreaks))
+            if (prefix && *prefix && namespaces.EndsARun(attribute->getNamespaceURI()))
                 return true;
         }
         return false;
@@ -106,30 +125,35 @@ bool NodeEndsARunWithLeadSurrogate(const DOMNode *node) {
 }
 
 // The serializer writes an entity reference by name and a document type
-// without its children, so neither is entered.
-bool WritesChildren(const DOMNode *node) {
-    const auto type = node->getNodeType();
-    return type == DOMNode::ELEMENT_NODE || type == DOMNode::DOCUMENT_NODE;
-}
+// without its children: only elements are entered.
+bool WritesChildren(const DOMNode *node) { return node->getNodeType() == DOMNode::ELEMENT_NODE; }
 
 } // namespace
 
 bool WriteWouldNotReturn(const DOMDocument *document) {
     if (!TranscoderKeepsLeadSurrogate(OutputEncoding(document)))
         return false;
-    // Depth first, without recursion: a document may be nested deeper than
-    // the stack would allow.
+    // Depth first, without recursion (a document may be nested deeper than
+    // the stack allows), keeping the elements entered rather than asking
+    // each node for its parent, which Xerces answers slowly for text.
+    std::vector<const DOMNode *> entered;
+    NamespaceCheck namespaces;
     const DOMNode *node = document->getFirstChild();
-    while (node) {
-        if (NodeEndsARunWithLeadSurrogate(node))
-            return true;
-        const DOMNode *next = WritesChildren(node) ? node->getFirstChild() : nullptr;
-        while (!next && node != document) {
-            next = node->getNextSibling();
-            if (!next)
-                node = node->getParentNode();
+    while (node || !entered.empty()) {
+        if (!node) {
+            node = entered.back()->getNextSibling();
+            entered.pop_back();
+            continue;
         }
-        node = next;
+        if (NodeEndsARunWithLeadSurrogate(node, namespaces))
+            return true;
+        const DOMNode *child = WritesChildren(node) ? node->getFirstChild() : nullptr;
+        if (child) {
+            entered.push_back(node);
+            node = child;
+        } else {
+            node = node->getNextSibling();
+        }
     }
     return false;
 }

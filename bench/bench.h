@@ -75,11 +75,18 @@ void LoadZuXml(benchmark::State &state, const std::string &document);
 void LoadRaw(benchmark::State &state, const std::string &document);
 
 // dom_walk_bench.cpp: every node visited, names and element text read.
+struct WalkTally {
+    uint64_t sum = 0;
+    uint64_t nodes = 0;
+};
+void ZuXmlWalk(ZuXmlDocument doc, WalkTally &tally);
 void WalkZuXml(benchmark::State &state, const std::string &document);
 void WalkRaw(benchmark::State &state, const std::string &document);
 
-// write_bench.cpp: the whole document written into a string.
+// write_bench.cpp: the whole document written into a string, with a buffer
+// of the right size or by asking for the length first.
 void WriteZuXml(benchmark::State &state, const std::string &document);
+void WriteAskFillZuXml(benchmark::State &state, const std::string &document);
 void WriteRaw(benchmark::State &state, const std::string &document);
 
 // write_file_bench.cpp: the whole document written to a file.

@@ -21,11 +21,6 @@ namespace {
 // afresh (untimed) once its walks have read about this much.
 constexpr uint64_t kWalkBytesPerLoad = 256u << 20;
 
-struct WalkTally {
-    uint64_t sum = 0;
-    uint64_t nodes = 0;
-};
-
 // A getter through the buffer protocol: the small buffer first, and when the
 // text did not fit, once more with a buffer of the reported size.
 template <class Getter>
@@ -41,6 +36,9 @@ inline uint64_t ReadInto(Getter getter, ZuXmlDocument doc, ZuXmlNode node, ZuXml
     return large[0];
 }
 
+} // namespace
+
+// Also the walk of each thread in zuxml_threads.
 __attribute__((noinline)) void ZuXmlWalk(ZuXmlDocument doc, WalkTally &tally) {
     ZuXmlWChar buffer[kBufferUnits];
     std::vector<ZuXmlWChar> large;
@@ -61,6 +59,8 @@ __attribute__((noinline)) void ZuXmlWalk(ZuXmlDocument doc, WalkTally &tally) {
         node = next;
     }
 }
+
+namespace {
 
 inline uint64_t CopyInto(const XMLCh *text, XMLCh *buffer, std::vector<XMLCh> &large) {
     const XMLSize_t length = XMLString::stringLen(text);

@@ -4,22 +4,13 @@
 
 namespace zuxml_bench {
 
-void RatioReporter::ReportRuns(const std::vector<Run> &runs) {
-    ConsoleReporter::ReportRuns(runs);
-    for (const Run &run : runs) {
-        if (run.error_occurred)
-            continue;
-        const bool median = run.run_type == Run::RT_Aggregate && run.aggregate_name == "median";
-        if (run.run_type == Run::RT_Aggregate && !median)
-            continue;
-        std::string name = run.run_name.function_name;
-        const double seconds = run.GetAdjustedCPUTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
-        Sample &sample = m_Samples[name];
-        if (median) {
-            sample.median = seconds;
-        } else {
-            sample.runs.push_back(seconds);
-        }
+void RatioReporter::Take(const Run &run, bool median) {
+    const double seconds = run.GetAdjustedCPUTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
+    Sample &sample = m_Samples[run.run_name.function_name];
+    if (median) {
+        sample.median = seconds;
+    } else {
+        sample.runs.push_back(seconds);
     }
 }
 

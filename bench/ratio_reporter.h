@@ -9,12 +9,16 @@
 
 #include <benchmark/benchmark.h>
 
+#include "summary.h"
+
 namespace zuxml_bench {
 
-class RatioReporter : public benchmark::ConsoleReporter {
+class RatioReporter : public SummaryReporter {
 public:
-    void ReportRuns(const std::vector<Run> &runs) override;
     void Finalize() override;
+
+protected:
+    void Take(const Run &run, bool median) override;
 
 private:
     static std::string Format(double seconds);

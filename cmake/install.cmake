@@ -26,6 +26,9 @@ export(EXPORT zuxmlTargets
 # shared library carries its own dependency.
 if(ZUXML_LIBRARY_TYPE STREQUAL "STATIC")
   set(ZUXML_CONFIG_DEPENDENCIES "find_dependency(XercesC 3.2)")
+  if(ICU_FOUND)
+    string(APPEND ZUXML_CONFIG_DEPENDENCIES "\nfind_dependency(ICU COMPONENTS uc)")
+  endif()
 else()
   set(ZUXML_CONFIG_DEPENDENCIES "")
 endif()

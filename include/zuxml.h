@@ -299,6 +299,18 @@ ZUXML_API int32_t ZuXmlWriteNoPrettyA(ZuXmlDocument hDocument, const char *szPat
 /**
  * The document as XML text, never indented, under the
  * \ref caller_buffers "caller-buffer protocol".
+ *
+ * Asking for the length first (a length of 0) and then filling a buffer of
+ * the length reported serialises the document once: the text of a call
+ * that answers 0 for a too-small buffer is kept by the document handle and
+ * handed out by the next ZuXmlWriteToStringW() or ZuXmlWriteToStringA()
+ * call on the same handle, provided nothing else happened in between. Any
+ * other call on the handle, any change of the document (through this
+ * handle, or through another handle's call with a node of this document),
+ * a load and the release of the handle drop the kept text; the next call
+ * then serialises the document as it is. So the text handed out is always
+ * that of the document at the time of the call, and a handle holds the
+ * extra copy only until its next call.
  * \param hDocument The document handle.
  * \param szBuffer  Receives the text.
  * \param pnLength  In: the buffer's length in characters. Out: the length

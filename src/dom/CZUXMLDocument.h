@@ -37,7 +37,21 @@ public:
 
     // Writing.
     int32_t WriteToFile(const XMLCh *path, bool pretty);
+    // The document as UTF-16 text, viewed by text: the text kept from the
+    // last WriteToString when there is one, else a new serialisation. The
+    // object holds the text until KeepWrittenText or DropWrittenText.
     int32_t WriteToString(TextResult &text);
+    // After a WriteToString whose text the caller's buffer could not take:
+    // the text stays for the next WriteToString, so that asking for the
+    // length and then filling a buffer of that length serialises once.
+    void KeepWrittenText();
+    // Every other call on the handle, and every change of the document,
+    // drops the kept text: it is handed out only for an unchanged document
+    // and never held longer than until the next call.
+    void DropWrittenText();
+    // Every entry point but WriteToString's tells the object of its call
+    // through the boundary helper; the kept text goes then.
+    void OnEntry() { DropWrittenText(); }
 
     // Node reading.
     DOMNode *RootNode() const;
@@ -80,9 +94,17 @@ private:
                                  TextResult &text) const;
     xercesc::DOMElement *NamedAttributeElement(DOMNode *node, const XMLCh *name) const;
     xercesc::DOMLSSerializer *NewSerializer(xercesc::DOMImplementationLS *&implementation) const;
+    XMLCh *Serialise(size_t &length) const;
+    void EditReaches(DOMNode *node);
 
     xercesc::DOMDocument *m_pDocument = nullptr;
     xercesc::DOMLSParser *m_pParser = nullptr;
+    // The text WriteToString produced (Xerces' default memory manager) and
+    // its length in units, while the call that produced it runs or while it
+    // is kept for the next one; NULL otherwise.
+    XMLCh *m_pWritten = nullptr;
+    size_t m_nWritten = 0;
+    bool m_bWrittenKept = false;
 };
 
 // The Xerces DOM implementation for "Core", looked up afresh on each use.

@@ -23,13 +23,15 @@ ZUXML_API int32_t ZuXmlWriteNoPrettyA(ZuXmlDocument hDocument, const char *szPat
 }
 
 ZUXML_API int32_t ZuXmlWriteToStringW(ZuXmlDocument hDocument, ZuXmlWChar *szBuffer, int32_t *pnLength) {
-    TextResult text;
-    return DeliverW(Call(hDocument, 0, &CZUXMLDocument::WriteToString, text), text, AsXml(szBuffer), pnLength);
+    return WriteText(hDocument, [&](int32_t result, const TextResult &text) {
+        return DeliverW(result, text, AsXml(szBuffer), pnLength);
+    });
 }
 
 ZUXML_API int32_t ZuXmlWriteToStringA(ZuXmlDocument hDocument, char *szBuffer, int32_t *pnLength) {
-    TextResult text;
-    return DeliverA(Call(hDocument, 0, &CZUXMLDocument::WriteToString, text), text, szBuffer, pnLength);
+    return WriteText(hDocument, [&](int32_t result, const TextResult &text) {
+        return DeliverA(result, text, szBuffer, pnLength);
+    });
 }
 
 } // extern "C"

@@ -90,6 +90,7 @@ int32_t CZUXMLDocument::AddAttribute(DOMNode *node, const XMLCh *name, const XML
     DOMElement *element = node ? AsElement(node) : nullptr;
     if (!element)
         return 0;
+    EditReaches(element);
     try {
         element->setAttribute(name, value);
     } catch (const DOMException &) {
@@ -105,6 +106,7 @@ int32_t CZUXMLDocument::SetAttributeValue(DOMNode *node, const XMLCh *name, cons
     DOMAttr *attribute = element ? element->getAttributeNode(name) : nullptr;
     if (!attribute)
         return 0;
+    EditReaches(element);
     attribute->setValue(value);
     return 1;
 }
@@ -114,6 +116,7 @@ int32_t CZUXMLDocument::RemoveAttributeAt(DOMNode *node, int32_t index) {
     DOMAttr *attribute = IndexedAttribute(node, index);
     if (!attribute)
         return 0;
+    EditReaches(node);
     try {
         static_cast<DOMElement *>(node)->removeAttribute(attribute->getName());
     } catch (const DOMException &) {
@@ -127,6 +130,7 @@ int32_t CZUXMLDocument::RemoveAttributeNamed(DOMNode *node, const XMLCh *name) {
     DOMElement *element = NamedAttributeElement(node, name);
     if (!element)
         return 0;
+    EditReaches(element);
     try {
         element->removeAttribute(name);
     } catch (const DOMException &) {

@@ -22,6 +22,7 @@ DOMNode *CZUXMLDocument::AddNode(DOMNode *parent, const XMLCh *name, uint16_t ty
     // Elements are the only kind this interface creates.
     if (!parent || type != kElementNodeType)
         return nullptr;
+    EditReaches(parent);
     DOMElement *element;
     try {
         element = nameSpace ? m_pDocument->createElementNS(nameSpace, name) : m_pDocument->createElement(name);
@@ -52,6 +53,7 @@ DOMNode *CZUXMLDocument::AddComment(DOMNode *parent, const XMLCh *text) {
         comment->release();
         return nullptr;
     }
+    EditReaches(parent);
     try {
         parent->appendChild(comment);
     } catch (const DOMException &) {
@@ -68,6 +70,7 @@ DOMNode *CZUXMLDocument::AddNodeExisting(DOMNode *parent, DOMNode *source, int32
         parent = m_pDocument->getDocumentElement();
     if (!parent)
         return nullptr;
+    EditReaches(parent);
     DOMNode *copy = nullptr;
     try {
         // Only a flag of exactly 1 copies the subtree.
@@ -85,6 +88,7 @@ int32_t CZUXMLDocument::RemoveNode(DOMNode *node) {
     DOMNode *parent = node->getParentNode();
     if (!parent)
         return 0;
+    EditReaches(parent);
     try {
         parent->removeChild(node)->release();
     } catch (const DOMException &) {
@@ -94,6 +98,7 @@ int32_t CZUXMLDocument::RemoveNode(DOMNode *node) {
 }
 
 int32_t CZUXMLDocument::SetNodeTextContent(DOMNode *node, const XMLCh *text) {
+    EditReaches(node);
     try {
         node->setTextContent(text);
     } catch (const DOMException &) {

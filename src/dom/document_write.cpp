@@ -8,6 +8,7 @@
 #include <xercesc/framework/LocalFileFormatTarget.hpp>
 #include <xercesc/framework/XMLFormatter.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
+#include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
 XERCES_CPP_NAMESPACE_USE
@@ -15,6 +16,10 @@ XERCES_CPP_NAMESPACE_USE
 namespace zuxml {
 
 namespace {
+
+// The DOM user-data key under which a document names the object that keeps
+// its written text.
+const XMLCh kWriterKey[] = u"zuxml-written-text";
 
 // The UTF-16 text a serializer writes, gathered in memory of Xerces' default
 // memory manager so that the finished text is handed over as it stands:
@@ -113,13 +118,14 @@ int32_t CZUXMLDocument::WriteToFile(const XMLCh *path, bool pretty) {
 
 // Never indented: nothing is set on the serializer. What writeToString
 // does, without its final copy: UTF-16 output (the serializer's byte order
-// mark is off by default), and the text up to its first zero unit.
-int32_t CZUXMLDocument::WriteToString(TextResult &text) {
+// mark is off by default), and the text up to its first zero unit. NULL
+// when there is nothing to write or the serializer fails.
+XMLCh *CZUXMLDocument::Serialise(size_t &length) const {
     DOMImplementationLS *implementation = nullptr;
     DOMLSSerializer *serializer = NewSerializer(implementation);
     if (!serializer)
-        return 0;
-    int32_t result = 0;
+        return nullptr;
+    XMLCh *text = nullptr;
     DOMLSOutput *output = nullptr;
     try {
         UnitsTarget target;
@@ -127,16 +133,58 @@ int32_t CZUXMLDocument::WriteToString(TextResult &text) {
         output->setByteStream(&target);
         output->setEncoding(XMLUni::fgUTF16EncodingString);
         if (serializer->write(m_pDocument, output)) {
-            text.Adopt(target.Release());
-            result = 1;
+            text = target.Release();
+            length = XMLString::stringLen(text);
         }
     } catch (...) {
-        result = 0;
+        text = nullptr;
     }
     if (output)
         output->release();
     serializer->release();
-    return result;
+    return text;
+}
+
+int32_t CZUXMLDocument::WriteToString(TextResult &text) {
+    if (!m_pWritten)
+        m_pWritten = Serialise(m_nWritten);
+    if (!m_pWritten)
+        return 0;
+    text.View(m_pWritten, m_nWritten);
+    return 1;
+}
+
+// While text is kept, the DOM document names this object, so that an edit
+// made through another handle's call (with a node of this document) finds
+// the text to drop.
+void CZUXMLDocument::KeepWrittenText() {
+    if (!m_pWritten || m_bWrittenKept)
+        return;
+    m_pDocument->setUserData(kWriterKey, this, nullptr);
+    m_bWrittenKept = true;
+}
+
+void CZUXMLDocument::DropWrittenText() {
+    if (!m_pWritten)
+        return;
+    if (m_bWrittenKept)
+        m_pDocument->setUserData(kWriterKey, nullptr, nullptr);
+    m_bWrittenKept = false;
+    XMLString::release(&m_pWritten, XMLPlatformUtils::fgMemoryManager);
+    m_nWritten = 0;
+}
+
+// An edit through this object's call reaches node's document. Its own text
+// was dropped when the call began; another object's document may also be
+// reached, through a node handle of that document.
+void CZUXMLDocument::EditReaches(DOMNode *node) {
+    if (!node)
+        return;
+    DOMDocument *document = node->getNodeType() == DOMNode::DOCUMENT_NODE ? static_cast<DOMDocument *>(node)
+                                                                          : node->getOwnerDocument();
+    if (document && document != m_pDocument)
+        if (auto *writer = static_cast<CZUXMLDocument *>(document->getUserData(kWriterKey)))
+            writer->DropWrittenText();
 }
 
 } // namespace zuxml

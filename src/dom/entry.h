@@ -33,4 +33,21 @@ int32_t ReadTextA(ZuXmlDocument handle, Method method, char *buffer, int32_t *le
                     length);
 }
 
+// WriteToString, its text handed out by deliver (the caller-buffer
+// protocol, wide or narrow): text that the buffer could not take is kept
+// for the next call, which then hands it out instead of serialising the
+// document again.
+template <class Deliver> int32_t WriteText(ZuXmlDocument handle, Deliver deliver) {
+    TextResult text;
+    if (!handle)
+        return deliver(0, text);
+    CZUXMLDocument *document = FromHandle<CZUXMLDocument>(handle);
+    if (deliver(document->WriteToString(text), text) == 1) {
+        document->DropWrittenText();
+        return 1;
+    }
+    document->KeepWrittenText();
+    return 0;
+}
+
 } // namespace zuxml

@@ -15,6 +15,13 @@ public:
     CZUXMLHandle(const CZUXMLHandle &) = delete;
     CZUXMLHandle &operator=(const CZUXMLHandle &) = delete;
     virtual ~CZUXMLHandle() = default;
+
+    // Run by the boundary helper (frame/boundary.h) as an entry point
+    // begins to work on the object, before the operation itself. A kind of
+    // object that must learn of every call on its handle gives itself a
+    // method of this name; the boundary calls the one of the object's own
+    // type, so there is no virtual call.
+    void OnEntry() {}
 };
 
 // Handles cross the interface as void*; they always hold a CZUXMLHandle*.

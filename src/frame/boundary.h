@@ -8,7 +8,8 @@
 // An operation on a node the caller names goes through CallOnNode, which
 // also answers the failure value for a NULL node and for an object that
 // holds no document the node could belong to. Nothing else is checked here:
-// what else an operation rejects, it rejects itself.
+// what else an operation rejects, it rejects itself. Both tell the object
+// of the call first (CZUXMLHandle::OnEntry).
 #pragma once
 
 #include <type_traits>
@@ -38,6 +39,8 @@ template <class Failure, class Method, class... Args>
 auto Call(void *handle, Failure failure, Method method, Args &&...args) {
     using Result = typename MethodTraits<Method>::Result;
     auto *object = ObjectFor(handle, method);
+    if (object)
+        object->OnEntry();
     if constexpr (std::is_void_v<Result>) {
         static_assert(std::is_same_v<Failure, NoAnswer>, "an operation that answers nothing fails with kNoAnswer");
         static_cast<void>(failure);
@@ -52,6 +55,8 @@ template <class Failure, class Method, class Node, class... Args>
 auto CallOnNode(void *handle, Failure failure, Method method, Node *node, Args &&...args) {
     using Result = typename MethodTraits<Method>::Result;
     auto *object = ObjectFor(handle, method);
+    if (object)
+        object->OnEntry();
     if (!object || !node || !object->HasDocument())
         return static_cast<Result>(failure);
     return (object->*method)(node, std::forward<Args>(args)...);

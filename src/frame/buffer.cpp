@@ -52,6 +52,11 @@ void TextResult::View(const XMLCh *text) {
     m_nLength = XMLString::stringLen(m_pText);
 }
 
+void TextResult::View(const XMLCh *text, size_t length) {
+    m_pText = text;
+    m_nLength = length;
+}
+
 void TextResult::Adopt(XMLCh *text) {
     m_pOwned = text;
     View(text);

@@ -39,6 +39,8 @@ public:
 
     // Views text; NULL reads as the empty string.
     void View(const XMLCh *text);
+    // Views text of a known length, zero-terminated there.
+    void View(const XMLCh *text, size_t length);
     // Takes ownership of text made by Xerces' default memory manager.
     void Adopt(XMLCh *text);
     // Text of length units that writer makes from source on demand: a

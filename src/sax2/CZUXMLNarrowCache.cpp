@@ -1,9 +1,12 @@
 #include "sax2/CZUXMLNarrowCache.h"
 
+#include <cstring>
 #include <utility>
 
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLString.hpp>
+
+#include "sax2/layout_space.h"
 
 XERCES_CPP_NAMESPACE_USE
 
@@ -71,6 +74,11 @@ const CZUXMLNarrowCache::Entry &CZUXMLNarrowCache::Find(const XMLCh *text) {
 const char *CZUXMLNarrowCache::Transient(const XMLCh *text) {
     if (!text)
         return "";
+    if (m_CodePage.IsDirect()) {
+        m_Direct.clear();
+        m_CodePage.Append(text, XMLString::stringLen(text), m_Direct);
+        return m_Direct.c_str();
+    }
     const Key key(text);
     if (key.size() > kLongest) {
         Transcode(text, m_Long);
@@ -83,6 +91,16 @@ const char *CZUXMLNarrowCache::Transient(const XMLCh *text) {
         slot.used = true;
     }
     return slot.narrow.c_str();
+}
+
+void CZUXMLNarrowCache::Gather(CZUXMLNarrowText &elementText, const XMLCh *chars, size_t length) {
+    if (m_CodePage.IsDirect()) {
+        m_CodePage.Append(chars, length, elementText);
+        return;
+    }
+    // Runs of layout space recur as often as names do.
+    const char *narrow = IsLayoutSpace(chars) ? Stable(chars) : Transient(chars);
+    elementText.Append(narrow, std::strlen(narrow));
 }
 
 } // namespace zuxml

@@ -1,6 +1,8 @@
-// The narrow forms of the texts a SAX2 load hands to narrow callbacks, made
-// with XMLString::transcode (Xerces' local code page transcoder, not the C
-// runtime's locale) and kept, so that a text that recurs is transcoded once.
+// The narrow forms of the texts a SAX2 load hands to narrow callbacks: the
+// bytes of XMLString::transcode (Xerces' local code page transcoder, not the
+// C runtime's locale), made by CZUXMLLocalCodePage and, where each text
+// would cost a call of that transcoder, kept, so that a text that recurs is
+// transcoded once.
 //
 // Kept bytes are the bytes a new transcode would give: the transcoder
 // converts each text on its own, from its initial state, into a code page
@@ -19,10 +21,13 @@
 //              are many, so the store stays small.
 //   Transient  attribute values, comments, messages and character data,
 //              which repeat often (enumerations, numbers, flags) but not
-//              always. A fixed number of slots each keep the last text that
-//              fell to them; what is handed out is good until the next
+//              always. On the direct route (CZUXMLLocalCodePage) they are
+//              converted afresh, which costs less than finding them again;
+//              otherwise a fixed number of slots each keep the last text
+//              that fell to them. What is handed out is good until the next
 //              Transient call, which suffices because each callback gets at
-//              most one such text and character data is copied at once.
+//              most one such text; character data is appended to the
+//              element's text at once (Gather).
 // Both answer the empty string for NULL and for text the code page cannot
 // represent.
 #pragma once
@@ -37,12 +42,17 @@
 
 #include <xercesc/util/XercesDefs.hpp>
 
+#include "sax2/CZUXMLLocalCodePage.h"
+
 namespace zuxml {
 
 class CZUXMLNarrowCache {
 public:
     const char *Stable(const XMLCh *text);
     const char *Transient(const XMLCh *text);
+    // Appends the narrow form of a piece of character data (length units,
+    // where its terminator stands) to an element's text.
+    void Gather(CZUXMLNarrowText &elementText, const XMLCh *chars, size_t length);
 
 private:
     using Key = std::basic_string_view<XMLCh>;
@@ -89,6 +99,9 @@ private:
     std::deque<Entry> m_Entries;
     std::unordered_map<Key, const Entry *, Hash> m_Index;
 
+    const CZUXMLLocalCodePage m_CodePage;
+    // The last transient text of the direct route.
+    CZUXMLNarrowText m_Direct;
     Slot m_aSlots[kSlots];
     // The narrow form of the last transient text too long to keep.
     std::string m_Long;

@@ -89,7 +89,7 @@ private:
     const TextForm m_eTextForm;
     int32_t m_nDepth = 0;
     CZUXMLTextStack<std::basic_string<XMLCh>> m_TextW;
-    CZUXMLTextStack<std::string> m_TextA;
+    CZUXMLTextStack<CZUXMLNarrowText> m_TextA;
     CZUXMLNarrowCache m_Narrow;
     const xercesc::Locator *m_pLocator = nullptr;
     // Where the parse stopped, for after the scan: taken at the start of

@@ -15,7 +15,6 @@
 #include "frame/wide.h"
 #include "sax2/CZUXMLNarrowCache.h"
 #include "sax2/Sax2CallbackTable.h"
-#include "sax2/layout_space.h"
 
 namespace zuxml {
 
@@ -35,18 +34,18 @@ struct WideForm {
     static const ZuXmlWChar *View(const Gathered &slot) { return AsWide(slot.c_str()); }
 };
 
-// Narrow callbacks take Xerces' text in its local code page, made by
-// XMLString::transcode (Xerces' own transcoder, not the C runtime's locale)
-// through the handler's cache. Runs of layout space in character data are
-// kept as stably as names; other character data is transient.
+// Narrow callbacks take Xerces' text in its local code page, the bytes of
+// XMLString::transcode (Xerces' own transcoder, not the C runtime's locale),
+// through the handler's cache. Character data is gathered by the length
+// Xerces passes with it.
 struct NarrowForm {
     using Table = Sax2CallbackTableA;
-    using Gathered = std::string;
+    using Gathered = CZUXMLNarrowText;
 
     static const char *Stable(CZUXMLNarrowCache &cache, const XMLCh *text) { return cache.Stable(text); }
     static const char *Transient(CZUXMLNarrowCache &cache, const XMLCh *text) { return cache.Transient(text); }
-    static void Append(CZUXMLNarrowCache &cache, Gathered &slot, const XMLCh *chars, XMLSize_t) {
-        slot.append(IsLayoutSpace(chars) ? cache.Stable(chars) : cache.Transient(chars));
+    static void Append(CZUXMLNarrowCache &cache, Gathered &slot, const XMLCh *chars, XMLSize_t length) {
+        cache.Gather(slot, chars, length);
     }
     static const char *View(const Gathered &slot) { return slot.c_str(); }
 };

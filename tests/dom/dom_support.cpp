@@ -1,6 +1,9 @@
 #include "dom_support.h"
 
 #include <gtest/gtest.h>
+#include <xercesc/dom/DOM.hpp>
+#include <xercesc/util/PlatformUtils.hpp>
+#include <xercesc/util/XMLString.hpp>
 
 #include <cstdlib>
 #include <fstream>
@@ -23,6 +26,18 @@ Document Built(const char16_t *root, const char16_t *nameSpace, const char16_t *
         ZuXmlCreateWriteDocumentW(r.c_str(), nameSpace ? n.c_str() : nullptr, systemId ? s.c_str() : nullptr));
     EXPECT_NE(document.get(), nullptr);
     return document;
+}
+
+WString XercesWriteToString(ZuXmlDocument document) {
+    using namespace xercesc;
+    DOMNode *root = static_cast<DOMNode *>(ZuXmlGetRootNode(document));
+    auto *implementation = static_cast<DOMImplementationLS *>(DOMImplementationRegistry::getDOMImplementation(u"Core"));
+    DOMLSSerializer *serializer = implementation->createLSSerializer(XMLPlatformUtils::fgMemoryManager);
+    XMLCh *text = serializer->writeToString(root->getOwnerDocument());
+    WString result = text ? WString(reinterpret_cast<const ZuXmlWChar *>(text)) : WString();
+    XMLString::release(&text, XMLPlatformUtils::fgMemoryManager);
+    serializer->release();
+    return result;
 }
 
 std::optional<WString> NodeName(ZuXmlDocument document, ZuXmlNode node) {

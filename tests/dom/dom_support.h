@@ -64,6 +64,11 @@ inline std::optional<WString> Serialised(ZuXmlDocument document) {
     return ReadAll<ZuXmlWChar>([&](ZuXmlWChar *b, int32_t *n) { return ZuXmlWriteToStringW(document, b, n); });
 }
 
+// What Xerces' own writeToString gives for the document behind a handle,
+// with a fresh serializer at its defaults. Reads the root through the
+// handle (a call on it).
+WString XercesWriteToString(ZuXmlDocument document);
+
 // Node lookup by name below parent (NULL: the root element).
 ZuXmlNode Child(ZuXmlDocument document, ZuXmlNode parent, const char16_t *name);
 

@@ -119,20 +119,6 @@ const GetterCase kStringGetters[] = {
 
 ZUXML_GETTER_PROTOCOL_SUITES(Writing, kStringGetters);
 
-// What Xerces' own writeToString gives for the document behind a handle,
-// with a fresh serializer at its defaults.
-WString XercesWriteToString(ZuXmlDocument document) {
-    using namespace xercesc;
-    DOMNode *root = static_cast<DOMNode *>(ZuXmlGetRootNode(document));
-    auto *implementation = static_cast<DOMImplementationLS *>(DOMImplementationRegistry::getDOMImplementation(u"Core"));
-    DOMLSSerializer *serializer = implementation->createLSSerializer(XMLPlatformUtils::fgMemoryManager);
-    XMLCh *text = serializer->writeToString(root->getOwnerDocument());
-    WString result = text ? WString(reinterpret_cast<const ZuXmlWChar *>(text)) : WString();
-    XMLString::release(&text, XMLPlatformUtils::fgMemoryManager);
-    serializer->release();
-    return result;
-}
-
 TEST(WriteToString, EveryKindOfDocumentGivesWhatXercesWriteToStringGives) {
     std::string large = "<big>";
     for (int i = 0; i < 5000; ++i)

@@ -2,6 +2,10 @@
 // of the library does.
 #include <gtest/gtest.h>
 
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+
 #include "zuxml.h"
 
 // Read by AddressSanitizer and UBSan when the suite is built with them.
@@ -13,6 +17,14 @@ extern "C" const char *__ubsan_default_options() { return "print_stacktrace=1:ha
 
 int main(int argc, char **argv) {
     ::testing::InitGoogleTest(&argc, argv);
+    // A run under a given locale sets it before Xerces starts, as a caller
+    // that sets its locale first does.
+    if (const char *locale = std::getenv("ZUXML_TEST_LOCALE")) {
+        if (!std::setlocale(LC_ALL, locale)) {
+            std::fprintf(stderr, "no locale %s on this machine\n", locale);
+            return 2;
+        }
+    }
     if (ZuXmlInit() != 1)
         return 2;
     const int result = RUN_ALL_TESTS();

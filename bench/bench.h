@@ -89,6 +89,10 @@ void WriteZuXml(benchmark::State &state, const std::string &document);
 void WriteAskFillZuXml(benchmark::State &state, const std::string &document);
 void WriteRaw(benchmark::State &state, const std::string &document);
 
+// write_file_bench.cpp: the whole document written to a file.
+void WriteFileZuXml(benchmark::State &state, const std::string &document);
+void WriteFileRaw(benchmark::State &state, const std::string &document);
+
 // getter_bench.cpp: one getter call on a short name, registered there.
 void RegisterGetters();
 

@@ -19,6 +19,7 @@ for bench in $("$build/bench/zuxml_bench" --benchmark_list_tests=true --benchmar
     dom_load/*) ops=(ZuXmlDomLoad RawDomLoad) ;;
     dom_walk/*) ops=(ZuXmlWalk RawWalk) ;;
     write_string/*) ops=(ZuXmlWrite RawWrite) ;;
+    write_file/*) ops=(ZuXmlWriteNoPrettyW RawWriteFile) ;;
     write_ask_fill/*) ops=(ZuXmlWriteAskFill RawWrite) ;;
     getter_*) ops=(ZuXmlGetName RawGetName) ;;
   esac

@@ -56,6 +56,7 @@ void RegisterAll() {
         RegisterPair("dom_load", document, LoadZuXml, LoadRaw);
         RegisterPair("dom_walk", document, WalkZuXml, WalkRaw);
         RegisterPair("write_string", document, WriteZuXml, WriteRaw);
+        RegisterPair("write_file", document, WriteFileZuXml, WriteFileRaw);
         RegisterPair("write_ask_fill", document, WriteAskFillZuXml, WriteRaw);
     }
     RegisterGetters();

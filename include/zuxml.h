@@ -272,10 +272,21 @@ ZUXML_API int32_t ZuXmlLoadFromBufW(ZuXmlDocument hDocument, const ZuXmlWChar *s
  * the serializer chooses.
  * \param hDocument The document handle.
  * \param szPath    Name of the file to write.
- * \retval 1 The whole document was written.
- * \retval 0 The handle is NULL or holds no document, or the file cannot be
- *           created or written (a file that was opened may be left partly
- *           written).
+ * \retval 1 Xerces' serializer reported the document written. It does not
+ *           see every failure: the last block of output is written when the
+ *           file is closed, after the serializer has answered, and an error
+ *           there is not reported, so a document of up to a few kilobytes
+ *           written to a full disk still answers 1.
+ * \retval 0 The handle is NULL or holds no document, the file cannot be
+ *           created, or the serializer reported a failure (a file that was
+ *           opened may be left partly written). Also, without creating the
+ *           file, for a document the serializer could never finish writing:
+ *           one whose output encoding is UTF-8 or UCS-4 (a document built
+ *           here, or read in one of those) and which holds a lone leading
+ *           surrogate (U+D800 to U+DBFF) at the end of a namespace URI, of
+ *           the document type's public or system identifier or of a CDATA
+ *           section, before `]]>` in a CDATA section, or in a namespace URI
+ *           before `&`, `<`, `"`, a tab, a line feed or a carriage return.
  */
 ZUXML_API int32_t ZuXmlWriteW(ZuXmlDocument hDocument, const ZuXmlWChar *szPath);
 ZUXML_API int32_t ZuXmlWriteA(ZuXmlDocument hDocument, const char *szPath);
@@ -653,6 +664,19 @@ ZUXML_API int32_t ZuXmlAddNodeAttributeA(ZuXmlDocument hDocument, ZuXmlNode hNod
  * \param szValue   Its new value.
  * \return 1, or 0 (adding nothing) when the attribute is absent, or for a
  *         failure.
+ *
+ * Unlike the other editing functions this one catches nothing: an
+ * attribute Xerces holds read-only makes it throw Xerces' DOMException
+ * (NO_MODIFICATION_ALLOWED_ERR) out of the function. Such attributes are
+ * those of elements inside the content of an entity reference; in
+ * \code{.xml}
+ * <!DOCTYPE a [<!ENTITY e "<b x='1'/>">]><a>&e;</a>
+ * \endcode
+ * `b` is a child of the entity reference node (type 5) under `a`. A C caller cannot catch
+ * the exception (the process ends, see the README's "Exceptions that pass
+ * out of the interface"): it avoids the case by walking up from the element
+ * with ZuXmlGetParentNode() and not calling this function when an ancestor
+ * has type 5 (ZuXmlGetNodeType()).
  */
 ZUXML_API int32_t ZuXmlSetNodeAttributeValueW(ZuXmlDocument hDocument, ZuXmlNode hNode, const ZuXmlWChar *szName,
                                               const ZuXmlWChar *szValue);
@@ -857,14 +881,15 @@ ZUXML_API int32_t ZuXmlSetSax2ParserCallbacksA(
  * started from inside a callback of the same parser. The narrow file name
  * is read with Xerces' local code page transcoder.
  * \param hParser    The parser handle.
- * \param szFileName Name of the file to read.
+ * \param szFileName Name of the file to read. NULL answers 0 at once: no
+ *                   message, no callback, and the parser keeps what it held.
  * \param nMode      1 parses progressively, so that
  *                   ZuXmlSax2StopLoadFromFile() can end the load between
  *                   steps; any other value parses in one call.
  * \retval 1  The parse ended: read to its end, ended after errors reported
  *            to the diagnostic callback, or stopped on request.
  * \retval 0  A progressive start failed, Xerces threw an XMLException or
- *            anything else, or the handle is NULL.
+ *            anything else, or the handle or the file name is NULL.
  * \retval -1 Xerces threw a SAXParseException.
  */
 ZUXML_API int32_t ZuXmlSax2LoadFromFileW(ZuXmlSax2Parser hParser, const ZuXmlWChar *szFileName, int32_t nMode);

@@ -33,12 +33,13 @@ case "${1:-}" in
     build/examples/zuxml_stream examples/sample.xml 3
     ;;
   test)
-    # The bindings' tests need Mono, Free Pascal and Python's packaging tools.
-    scripts/install-deps.sh mono-mcs mono-runtime fp-compiler python3-pip python3-setuptools python3-wheel
+    # The bindings' tests need Mono, Free Pascal and Python's packaging tools;
+    # the ABI check libabigail.
+    scripts/install-deps.sh mono-mcs mono-runtime fp-compiler python3-pip python3-setuptools python3-wheel abigail-tools
     workflow test
     ;;
   sanitize)
-    scripts/install-deps.sh
+    scripts/install-deps.sh abigail-tools
     workflow sanitize
     ;;
   fuzz)

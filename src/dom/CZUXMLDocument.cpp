@@ -5,6 +5,7 @@
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/framework/Wrapper4InputSource.hpp>
 #include <xercesc/parsers/DOMLSParserImpl.hpp>
+#include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
@@ -109,6 +110,16 @@ int32_t CZUXMLDocument::Load(DOMLSInput *input, const XMLCh *path) {
     } catch (const XMLException &) {
         return 0;
     } catch (const DOMException &) {
+        return 0;
+    } catch (const OutOfMemoryException &) {
+        // Xerces leaves a parser that ran out of memory marked as parsing,
+        // and it refuses every later parse: it goes, so that the next load
+        // makes a new one.
+        try {
+            ReleaseContents();
+        } catch (...) {
+            m_pParser = nullptr;
+        }
         return 0;
     } catch (...) {
         return 0;

@@ -1,6 +1,7 @@
 // Serialisation with Xerces' DOM serializer, left at its defaults but for
 // indentation of files.
 #include "dom/CZUXMLDocument.h"
+#include "dom/write_guard.h"
 
 #include <cstring>
 
@@ -93,6 +94,11 @@ int32_t CZUXMLDocument::WriteToFile(const XMLCh *path, bool pretty) {
     XMLFormatTarget *target = nullptr;
     int32_t result = 0;
     try {
+        // Refused before the file is opened or truncated.
+        if (WriteWouldNotReturn(m_pDocument)) {
+            serializer->release();
+            return 0;
+        }
         // Opens (creates or truncates) the file; throws when it cannot.
         target = new (XMLPlatformUtils::fgMemoryManager) LocalFileFormatTarget(path, XMLPlatformUtils::fgMemoryManager);
         DOMLSOutput *output = implementation->createLSOutput(XMLPlatformUtils::fgMemoryManager);

@@ -30,7 +30,12 @@ void PrintExceptionMessage(const XMLCh *message) {
 
 } // namespace
 
+// A load without a file name is refused before anything is made: no
+// reader, no handler, no message and no callback, and the parser keeps what
+// it held.
 int32_t CZUXMLSax2::LoadFromFile(const XMLCh *path, int32_t nMode) {
+    if (!path)
+        return 0;
     const int32_t result = nMode == 1 ? ParseProgressively(path) : ParseOnce(path);
     if (result != kParsed) {
         m_pHandler->EndScan();
@@ -45,6 +50,8 @@ int32_t CZUXMLSax2::LoadFromFile(const XMLCh *path, int32_t nMode) {
 // the C runtime's locale of the other narrow entries: a name that a program
 // hands to Xerces' own narrow parse opens the same file here.
 int32_t CZUXMLSax2::LoadFromNarrowFile(const char *path, int32_t nMode) {
+    if (!path)
+        return 0;
     CZUXMLTextRecord name(path);
     return LoadFromFile(name.ParserForm(), nMode);
 }

@@ -16,7 +16,7 @@ root=$PWD
 seconds=${1:-300}
 shift || true
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(load_buffer_narrow load_buffer_wide buffer_protocol sax_stream)
+[ ${#targets[@]} -gt 0 ] || targets=(load_buffer_narrow load_buffer_wide buffer_protocol sax_stream edit_document)
 
 work=$root/build-campaign
 mkdir -p "$work"

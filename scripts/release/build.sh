@@ -11,8 +11,8 @@
 #   scripts/release/build.sh [WINDOWS_BUILD_DIR]     (default build-windows)
 #
 # The Windows package is built with the toolchain and the Xerces prefix of
-# the Windows test build (scripts/windows/build-and-test.sh), which is run
-# first when WINDOWS_BUILD_DIR holds none. The Debian packages are built
+# the Windows test build (scripts/windows/build-and-test.sh) in
+# WINDOWS_BUILD_DIR; Xerces is built there first when it is missing. The Debian packages are built
 # without their test suite (DEB_BUILD_OPTIONS=nocheck unless set otherwise):
 # scripts/release/check.sh builds and tests the tarball on its own.
 set -euo pipefail
@@ -69,18 +69,16 @@ cache_value() { # cache-file, name
 }
 
 windows_package() {
-  local test_cache=$windows/zuxml/CMakeCache.txt
-  if [ ! -f "$test_cache" ] || [ ! -f "$windows/xerces-prefix/.complete" ]; then
-    scripts/windows/build-and-test.sh "$windows"
-  fi
-  local toolchain prefix_path xerces build=$windows/zuxml-release
-  toolchain=$(cache_value "$test_cache" CMAKE_TOOLCHAIN_FILE)
-  prefix_path=$(cache_value "$test_cache" CMAKE_PREFIX_PATH)
-  xerces=$windows/xerces-prefix
+  # The toolchain of the Windows test build when there is one; Xerces from
+  # its prefix, which build-deps.sh builds only when it is missing or stale.
+  local test_cache=$windows/zuxml/CMakeCache.txt toolchain=$root/cmake/toolchains/mingw-w64-x86_64.cmake
+  [ ! -f "$test_cache" ] || toolchain=$(cache_value "$test_cache" CMAKE_TOOLCHAIN_FILE)
+  scripts/windows/build-deps.sh "$windows" xerces
+  local xerces=$windows/xerces-prefix build=$windows/zuxml-release
   # Release code with its debug information, which is split off below.
   cmake -S "$root" -B "$build" \
     -DCMAKE_TOOLCHAIN_FILE="$toolchain" \
-    -DCMAKE_PREFIX_PATH="$prefix_path" \
+    -DCMAKE_PREFIX_PATH="$xerces" \
     -DCMAKE_BUILD_TYPE=Release \
     -DCMAKE_C_FLAGS_RELEASE="-O3 -DNDEBUG -g" \
     -DCMAKE_CXX_FLAGS_RELEASE="-O3 -DNDEBUG -g" \

@@ -44,7 +44,7 @@ step() { # name, command...
   echo "== $name: $((SECONDS - t)) s"
 }
 
-scripts/install-deps.sh unzip wine64 llvm-14 g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix \
+scripts/install-deps.sh unzip wine64 llvm-14 clang-14 lld-14 g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix \
   binutils-mingw-w64-x86-64 dpkg-dev
 
 tarball=$dist/zuxml-$version.tar.gz
@@ -132,6 +132,11 @@ windows_zip() {
     tests/consumer/consumer.c "$pkg/lib/ZUXML.lib"
   "$cc" -std=c11 -Wall -Wextra -Werror -I"$pkg/include" -o "$run/consumer-mingw.exe" \
     tests/consumer/consumer.c "$pkg/lib/libzuxml.dll.a"
+  # The same client linked by LLVM's COFF linker, the one behind lld-link,
+  # which takes import libraries as Microsoft's linker does.
+  clang-14 --target=x86_64-w64-mingw32 -fuse-ld=lld -std=c11 -Wall -Wextra -Werror -I"$pkg/include" \
+    -L"$(dirname "$("$cc" -print-libgcc-file-name)")" -o "$run/consumer-lld.exe" \
+    tests/consumer/consumer.c "$pkg/lib/ZUXML.lib"
   "$cc" -std=c11 -Wall -Wextra -Werror -o "$run/ordinal_client.exe" tests/windows/ordinal_client.c
   "$cc" -std=c11 -Wall -Wextra -Werror -I"$pkg/include" -o "$run/versioninfo_client.exe" \
     tests/windows/versioninfo_client.c -lversion
@@ -140,6 +145,7 @@ windows_zip() {
   /usr/lib/wine/wine64 wineboot --init </dev/null >/dev/null 2>&1
   cd "$run"
   wine consumer.exe || fail "the client linked with ZUXML.lib"
+  wine consumer-lld.exe || fail "the client linked with ZUXML.lib by lld"
   wine consumer-mingw.exe || fail "the client linked with libzuxml.dll.a"
   wine ordinal_client.exe ZUXML.dll || fail "the ordinal client"
   wine versioninfo_client.exe ZUXML.dll || fail "ZUXML.dll's version resource"

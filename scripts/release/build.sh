@@ -33,8 +33,8 @@ step() { # name, command...
   echo "== $name: $((SECONDS - t)) s"
 }
 
-scripts/install-deps.sh git debhelper lintian zip llvm-14 g++-mingw-w64-x86-64-posix \
-  binutils-mingw-w64-x86-64
+scripts/install-deps.sh git debhelper lintian zip dpkg-dev llvm-14 g++-mingw-w64-x86-64-posix \
+  gcc-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
 rm -rf "$dist" "$stage"
 mkdir -p "$dist" "$stage"
 

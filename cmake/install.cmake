@@ -1,5 +1,7 @@
 # Install rules: the header, the shared library with its SONAME link, a
-# pkg-config file and a CMake config package exporting zuxml::zuxml.
+# pkg-config file and a CMake config package exporting zuxml::zuxml. The
+# build tree is a CMake package too: another build finds zuxml::zuxml there
+# with -Dzuxml_DIR=<this build directory>.
 include(CMakePackageConfigHelpers)
 
 set(ZUXML_CMAKE_INSTALL_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/zuxml")
@@ -15,6 +17,18 @@ install(EXPORT zuxmlTargets
   NAMESPACE zuxml::
   FILE zuxmlTargets.cmake
   DESTINATION "${ZUXML_CMAKE_INSTALL_DIR}")
+# The build tree's own copy of the targets, beside the config files below.
+export(EXPORT zuxmlTargets
+  NAMESPACE zuxml::
+  FILE "${PROJECT_BINARY_DIR}/zuxmlTargets.cmake")
+
+# Only a static archive makes its callers link Xerces-C++ themselves; the
+# shared library carries its own dependency.
+if(ZUXML_LIBRARY_TYPE STREQUAL "STATIC")
+  set(ZUXML_CONFIG_DEPENDENCIES "find_dependency(XercesC 3.2)")
+else()
+  set(ZUXML_CONFIG_DEPENDENCIES "")
+endif()
 configure_package_config_file(
   "${CMAKE_CURRENT_LIST_DIR}/zuxmlConfig.cmake.in"
   "${PROJECT_BINARY_DIR}/zuxmlConfig.cmake"

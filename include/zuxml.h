@@ -58,11 +58,12 @@
  *   is NULL stays NULL; one that is not valid in the locale becomes the
  *   empty string.
  * \par
- *   A narrow getter fills a temporary wide buffer of `*pnLength + 1`
- *   characters and converts it into the caller's buffer, writing at most
- *   `*pnLength` bytes; so the length, also the one reported on a too-small
- *   answer, counts wide characters, not bytes, and text whose multibyte form
- *   is longer than its wide form is cut at `*pnLength` bytes, then without a
+ *   A narrow getter behaves as if its wide twin filled a wide buffer of
+ *   `*pnLength + 1` characters that is then converted into the caller's
+ *   buffer, writing at most `*pnLength` bytes. That explains its
+ *   asymmetries: the length, also the one reported on a too-small answer,
+ *   counts wide characters, not bytes, and text whose multibyte form is
+ *   longer than its wide form is cut at `*pnLength` bytes, then without a
  *   terminator. A caller that wants all of it allocates
  *   `length * MB_CUR_MAX` bytes and passes that size as the length. Its
  *   first byte is always written: on any answer other than 1 the buffer

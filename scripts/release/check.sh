@@ -184,7 +184,8 @@ source_tarball() {
   # The W3C conformance corpus is not part of the tree; where the checkout
   # has it beside it, the tarball's build is pointed there.
   if [ -f "${ZUXML_XMLCONF_DIR:-$root/../shared/xmlconf}/xmlconf.xml" ]; then
-    xmlconf=(-DZUXML_XMLCONF_DIR="$(cd "${ZUXML_XMLCONF_DIR:-$root/../shared/xmlconf}" && pwd)")
+    xmlconf=(-DZUXML_XMLCONF_DIR="$(cd "${ZUXML_XMLCONF_DIR:-$root/../shared/xmlconf}" && pwd)"
+             -DZUXML_REQUIRE_XMLCONF=ON)
   fi
   cmake -S "$tree" -B "$tree/build" -DCMAKE_BUILD_TYPE=Release -DZUXML_BUILD_BENCHMARKS=OFF \
     "${xmlconf[@]}" >/dev/null

@@ -23,6 +23,12 @@ public:
     CZUXMLDocument() = default;
     ~CZUXMLDocument() override;
 
+    // Whether a document is held. A method whose node may not be NULL is
+    // reached only through CallOnNode (frame/boundary.h), which has refused
+    // a NULL node and a missing document before the call; a method that
+    // reads a NULL node as the root element checks for the document itself.
+    bool HasDocument() const { return m_pDocument != nullptr; }
+
     // Documents and loading.
     int32_t CreateForWriting(const XMLCh *root, const XMLCh *nameSpace, const XMLCh *systemId);
     int32_t LoadFromFile(const XMLCh *path);

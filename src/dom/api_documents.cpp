@@ -36,19 +36,19 @@ ZUXML_API ZuXmlDocument ZuXmlCreateWriteDocumentA(const char *szRoot, const char
 }
 
 ZUXML_API int32_t ZuXmlLoadFromFileW(ZuXmlDocument hDocument, const ZuXmlWChar *szPath) {
-    return CallDocument(hDocument, 0, &CZUXMLDocument::LoadFromFile, AsXml(szPath));
+    return Call(hDocument, 0, &CZUXMLDocument::LoadFromFile, AsXml(szPath));
 }
 
 ZUXML_API int32_t ZuXmlLoadFromFileA(ZuXmlDocument hDocument, const char *szPath) {
-    return CallDocument(hDocument, 0, &CZUXMLDocument::LoadFromFile, NarrowArg(szPath).get());
+    return Call(hDocument, 0, &CZUXMLDocument::LoadFromFile, NarrowArg(szPath).get());
 }
 
 ZUXML_API int32_t ZuXmlLoadFromBufA(ZuXmlDocument hDocument, const void *pBytes, uint32_t nLength) {
-    return CallDocument(hDocument, 0, &CZUXMLDocument::LoadFromBytes, pBytes, nLength);
+    return Call(hDocument, 0, &CZUXMLDocument::LoadFromBytes, pBytes, nLength);
 }
 
 ZUXML_API int32_t ZuXmlLoadFromBufW(ZuXmlDocument hDocument, const ZuXmlWChar *szText, uint32_t nLength) {
-    return CallDocument(hDocument, 0, &CZUXMLDocument::LoadFromWideText, AsXml(szText), nLength);
+    return Call(hDocument, 0, &CZUXMLDocument::LoadFromWideText, AsXml(szText), nLength);
 }
 
 } // extern "C"

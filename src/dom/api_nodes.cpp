@@ -7,84 +7,84 @@ using namespace zuxml;
 extern "C" {
 
 ZUXML_API ZuXmlNode ZuXmlGetRootNode(ZuXmlDocument hDocument) {
-    return CallDocument<ZuXmlNode>(hDocument, nullptr, &CZUXMLDocument::RootNode);
+    return Call(hDocument, nullptr, &CZUXMLDocument::RootNode);
 }
 
 ZUXML_API ZuXmlNode ZuXmlGetParentNode(ZuXmlDocument hDocument, ZuXmlNode hNode) {
-    return CallDocument<ZuXmlNode>(hDocument, nullptr, &CZUXMLDocument::ParentNode, NodeOf(hNode));
+    return CallOnNode(hDocument, nullptr, &CZUXMLDocument::ParentNode, NodeOf(hNode));
 }
 
 ZUXML_API ZuXmlNode ZuXmlGetPriviousSibling(ZuXmlDocument hDocument, ZuXmlNode hNode) {
-    return CallDocument<ZuXmlNode>(hDocument, nullptr, &CZUXMLDocument::PreviousSibling, NodeOf(hNode));
+    return CallOnNode(hDocument, nullptr, &CZUXMLDocument::PreviousSibling, NodeOf(hNode));
 }
 
 ZUXML_API ZuXmlNode ZuXmlGetNextSibling(ZuXmlDocument hDocument, ZuXmlNode hNode) {
-    return CallDocument<ZuXmlNode>(hDocument, nullptr, &CZUXMLDocument::NextSibling, NodeOf(hNode));
+    return CallOnNode(hDocument, nullptr, &CZUXMLDocument::NextSibling, NodeOf(hNode));
 }
 
 ZUXML_API ZuXmlNode ZuXmlGetFirstChild(ZuXmlDocument hDocument, ZuXmlNode hNode) {
-    return CallDocument<ZuXmlNode>(hDocument, nullptr, &CZUXMLDocument::FirstChild, NodeOf(hNode));
+    return Call(hDocument, nullptr, &CZUXMLDocument::FirstChild, NodeOf(hNode));
 }
 
 ZUXML_API ZuXmlNode ZuXmlGetLastChild(ZuXmlDocument hDocument, ZuXmlNode hNode) {
-    return CallDocument<ZuXmlNode>(hDocument, nullptr, &CZUXMLDocument::LastChild, NodeOf(hNode));
+    return CallOnNode(hDocument, nullptr, &CZUXMLDocument::LastChild, NodeOf(hNode));
 }
 
 ZUXML_API ZuXmlNode ZuXmlFindChildW(ZuXmlDocument hDocument, ZuXmlNode hParent, const ZuXmlWChar *szName) {
-    return CallDocument<ZuXmlNode>(hDocument, nullptr, &CZUXMLDocument::FindChild, NodeOf(hParent), AsXml(szName));
+    return Call(hDocument, nullptr, &CZUXMLDocument::FindChild, NodeOf(hParent), AsXml(szName));
 }
 
 ZUXML_API ZuXmlNode ZuXmlFindChildA(ZuXmlDocument hDocument, ZuXmlNode hParent, const char *szName) {
-    return CallDocument<ZuXmlNode>(hDocument, nullptr, &CZUXMLDocument::FindChild, NodeOf(hParent),
+    return Call(hDocument, nullptr, &CZUXMLDocument::FindChild, NodeOf(hParent),
                                    NarrowArg(szName).get());
 }
 
 ZUXML_API uint16_t ZuXmlGetNodeType(ZuXmlDocument hDocument, ZuXmlNode hNode) {
-    return CallDocument<uint16_t>(hDocument, 0, &CZUXMLDocument::NodeType, NodeOf(hNode));
+    return CallOnNode(hDocument, 0, &CZUXMLDocument::NodeType, NodeOf(hNode));
 }
 
 ZUXML_API int32_t ZuXmlGetNodeNameW(ZuXmlDocument hDocument, ZuXmlNode hNode, ZuXmlWChar *szBuffer,
                                     int32_t *pnLength) {
-    return ReadTextW(hDocument, &CZUXMLDocument::NodeName, szBuffer, pnLength, NodeOf(hNode));
+    return ReadTextW(hDocument, &CZUXMLDocument::NodeName, szBuffer, pnLength, hNode);
 }
 
 ZUXML_API int32_t ZuXmlGetNodeNameA(ZuXmlDocument hDocument, ZuXmlNode hNode, char *szBuffer, int32_t *pnLength) {
-    return ReadTextA(hDocument, &CZUXMLDocument::NodeName, szBuffer, pnLength, NodeOf(hNode));
+    return ReadTextA(hDocument, &CZUXMLDocument::NodeName, szBuffer, pnLength, hNode);
 }
 
 ZUXML_API int32_t ZuXmlGetLocalNodeNameW(ZuXmlDocument hDocument, ZuXmlNode hNode, ZuXmlWChar *szLocalName,
                                          int32_t *pnLocalNameLength, ZuXmlWChar *szPrefix,
                                          int32_t *pnPrefixLength) {
     TextResult localName, prefix;
-    return DeliverW(CallDocument(hDocument, 0, &CZUXMLDocument::LocalNodeName, NodeOf(hNode), localName, prefix),
+    return DeliverW(CallOnNode(hDocument, 0, &CZUXMLDocument::LocalNodeName, NodeOf(hNode), localName, prefix),
                     localName, AsXml(szLocalName), pnLocalNameLength, prefix, AsXml(szPrefix), pnPrefixLength);
 }
 
 ZUXML_API int32_t ZuXmlGetLocalNodeNameA(ZuXmlDocument hDocument, ZuXmlNode hNode, char *szLocalName,
                                          int32_t *pnLocalNameLength, char *szPrefix, int32_t *pnPrefixLength) {
     TextResult localName, prefix;
-    return DeliverA(CallDocument(hDocument, 0, &CZUXMLDocument::LocalNodeName, NodeOf(hNode), localName, prefix),
+    return DeliverA(CallOnNode(hDocument, 0, &CZUXMLDocument::LocalNodeName, NodeOf(hNode), localName, prefix),
                     localName, szLocalName, pnLocalNameLength, prefix, szPrefix, pnPrefixLength);
 }
 
 ZUXML_API int32_t ZuXmlGetNodeTextContentW(ZuXmlDocument hDocument, ZuXmlNode hNode, ZuXmlWChar *szBuffer,
                                            int32_t *pnLength) {
-    return ReadTextW(hDocument, &CZUXMLDocument::NodeTextContent, szBuffer, pnLength, NodeOf(hNode));
+    return ReadTextW(hDocument, &CZUXMLDocument::NodeTextContent, szBuffer, pnLength, hNode);
 }
 
 ZUXML_API int32_t ZuXmlGetNodeTextContentA(ZuXmlDocument hDocument, ZuXmlNode hNode, char *szBuffer,
                                            int32_t *pnLength) {
-    return ReadTextA(hDocument, &CZUXMLDocument::NodeTextContent, szBuffer, pnLength, NodeOf(hNode));
+    return ReadTextA(hDocument, &CZUXMLDocument::NodeTextContent, szBuffer, pnLength, hNode);
 }
 
 ZUXML_API int32_t ZuXmlGetNodeNamespaceW(ZuXmlDocument hDocument, ZuXmlNode hNode, ZuXmlWChar *szBuffer,
                                          int32_t *pnLength) {
-    return ReadTextW(hDocument, &CZUXMLDocument::NodeNamespace, szBuffer, pnLength, NodeOf(hNode));
+    return ReadTextW(hDocument, &CZUXMLDocument::NodeNamespace, szBuffer, pnLength, hNode);
 }
 
 ZUXML_API int32_t ZuXmlGetNodeNamespaceA(ZuXmlDocument hDocument, ZuXmlNode hNode, char *szBuffer,
                                          int32_t *pnLength) {
-    return ReadTextA(hDocument, &CZUXMLDocument::NodeNamespace, szBuffer, pnLength, NodeOf(hNode));
+    return ReadTextA(hDocument, &CZUXMLDocument::NodeNamespace, szBuffer, pnLength, hNode);
 }
 
 } // extern "C"

@@ -7,27 +7,29 @@ using namespace zuxml;
 extern "C" {
 
 ZUXML_API int32_t ZuXmlWriteW(ZuXmlDocument hDocument, const ZuXmlWChar *szPath) {
-    return CallDocument(hDocument, 0, &CZUXMLDocument::WriteToFile, AsXml(szPath), true);
+    return Call(hDocument, 0, &CZUXMLDocument::WriteToFile, AsXml(szPath), true);
 }
 
 ZUXML_API int32_t ZuXmlWriteA(ZuXmlDocument hDocument, const char *szPath) {
-    return CallDocument(hDocument, 0, &CZUXMLDocument::WriteToFile, NarrowArg(szPath).get(), true);
+    return Call(hDocument, 0, &CZUXMLDocument::WriteToFile, NarrowArg(szPath).get(), true);
 }
 
 ZUXML_API int32_t ZuXmlWriteNoPrettyW(ZuXmlDocument hDocument, const ZuXmlWChar *szPath) {
-    return CallDocument(hDocument, 0, &CZUXMLDocument::WriteToFile, AsXml(szPath), false);
+    return Call(hDocument, 0, &CZUXMLDocument::WriteToFile, AsXml(szPath), false);
 }
 
 ZUXML_API int32_t ZuXmlWriteNoPrettyA(ZuXmlDocument hDocument, const char *szPath) {
-    return CallDocument(hDocument, 0, &CZUXMLDocument::WriteToFile, NarrowArg(szPath).get(), false);
+    return Call(hDocument, 0, &CZUXMLDocument::WriteToFile, NarrowArg(szPath).get(), false);
 }
 
 ZUXML_API int32_t ZuXmlWriteToStringW(ZuXmlDocument hDocument, ZuXmlWChar *szBuffer, int32_t *pnLength) {
-    return ReadTextW(hDocument, &CZUXMLDocument::WriteToString, szBuffer, pnLength);
+    TextResult text;
+    return DeliverW(Call(hDocument, 0, &CZUXMLDocument::WriteToString, text), text, AsXml(szBuffer), pnLength);
 }
 
 ZUXML_API int32_t ZuXmlWriteToStringA(ZuXmlDocument hDocument, char *szBuffer, int32_t *pnLength) {
-    return ReadTextA(hDocument, &CZUXMLDocument::WriteToString, szBuffer, pnLength);
+    TextResult text;
+    return DeliverA(Call(hDocument, 0, &CZUXMLDocument::WriteToString, text), text, szBuffer, pnLength);
 }
 
 } // extern "C"

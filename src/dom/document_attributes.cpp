@@ -34,8 +34,6 @@ DOMAttr *IndexedAttribute(DOMNode *node, int32_t index) {
 } // namespace
 
 int32_t CZUXMLDocument::AttributeCount(DOMNode *node) const {
-    if (!node || !m_pDocument)
-        return -1;
     DOMElement *element = AsElement(node);
     return element ? static_cast<int32_t>(element->getAttributes()->getLength()) : -1;
 }
@@ -50,8 +48,6 @@ int32_t CZUXMLDocument::AttributeValueAt(DOMNode *node, int32_t index, TextResul
 
 int32_t CZUXMLDocument::IndexedAttributeText(DOMNode *node, int32_t index, const XMLCh *(DOMAttr::*property)() const,
                                              TextResult &text) const {
-    if (!node || !m_pDocument)
-        return 0;
     DOMAttr *attribute = IndexedAttribute(node, index);
     if (!attribute)
         return 0;
@@ -62,7 +58,7 @@ int32_t CZUXMLDocument::IndexedAttributeText(DOMNode *node, int32_t index, const
 // The element whose attribute name addresses: NULL for a NULL node, no
 // document, a NULL or empty name, or a node that is not an element.
 DOMElement *CZUXMLDocument::NamedAttributeElement(DOMNode *node, const XMLCh *name) const {
-    if (!node || !m_pDocument || IsEmpty(name))
+    if (IsEmpty(name))
         return nullptr;
     return AsElement(node);
 }
@@ -115,8 +111,6 @@ int32_t CZUXMLDocument::SetAttributeValue(DOMNode *node, const XMLCh *name, cons
 
 // Removal goes by the attribute's qualified name, not by the node.
 int32_t CZUXMLDocument::RemoveAttributeAt(DOMNode *node, int32_t index) {
-    if (!node || !m_pDocument)
-        return 0;
     DOMAttr *attribute = IndexedAttribute(node, index);
     if (!attribute)
         return 0;

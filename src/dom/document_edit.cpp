@@ -82,8 +82,6 @@ DOMNode *CZUXMLDocument::AddNodeExisting(DOMNode *parent, DOMNode *source, int32
 }
 
 int32_t CZUXMLDocument::RemoveNode(DOMNode *node) {
-    if (!node || !m_pDocument)
-        return 0;
     DOMNode *parent = node->getParentNode();
     if (!parent)
         return 0;
@@ -96,8 +94,6 @@ int32_t CZUXMLDocument::RemoveNode(DOMNode *node) {
 }
 
 int32_t CZUXMLDocument::SetNodeTextContent(DOMNode *node, const XMLCh *text) {
-    if (!node || !m_pDocument)
-        return 0;
     try {
         node->setTextContent(text);
     } catch (const DOMException &) {

@@ -82,19 +82,20 @@ void WriteContent(const void *top, XMLCh *out) {
 DOMNode *CZUXMLDocument::RootNode() const { return m_pDocument ? m_pDocument->getDocumentElement() : nullptr; }
 
 DOMNode *CZUXMLDocument::ParentNode(DOMNode *node) const {
-    return node && m_pDocument ? node->getParentNode() : nullptr;
+    return node->getParentNode();
 }
 
 DOMNode *CZUXMLDocument::PreviousSibling(DOMNode *node) const {
-    return node && m_pDocument ? node->getPreviousSibling() : nullptr;
+    return node->getPreviousSibling();
 }
 
 DOMNode *CZUXMLDocument::NextSibling(DOMNode *node) const {
-    return node && m_pDocument ? node->getNextSibling() : nullptr;
+    return node->getNextSibling();
 }
 
 // Only the first child (and the child search) read a NULL node as the root
-// element; the last child of NULL is NULL. Callers rely on the asymmetry.
+// element, so that a walk can begin at the document without asking for its
+// root first; the last child of NULL is NULL, as for every other neighbour.
 DOMNode *CZUXMLDocument::FirstChild(DOMNode *node) const {
     if (!m_pDocument)
         return nullptr;
@@ -104,7 +105,7 @@ DOMNode *CZUXMLDocument::FirstChild(DOMNode *node) const {
 }
 
 DOMNode *CZUXMLDocument::LastChild(DOMNode *node) const {
-    return node && m_pDocument ? node->getLastChild() : nullptr;
+    return node->getLastChild();
 }
 
 // Direct children only, every kind of child, compared on the DOM node name
@@ -123,12 +124,10 @@ DOMNode *CZUXMLDocument::FindChild(DOMNode *parent, const XMLCh *name) const {
 }
 
 uint16_t CZUXMLDocument::NodeType(DOMNode *node) const {
-    return node && m_pDocument ? static_cast<uint16_t>(node->getNodeType()) : 0;
+    return static_cast<uint16_t>(node->getNodeType());
 }
 
 int32_t CZUXMLDocument::NodeName(DOMNode *node, TextResult &text) const {
-    if (!node || !m_pDocument)
-        return 0;
     text.View(node->getNodeName());
     return 1;
 }
@@ -136,8 +135,6 @@ int32_t CZUXMLDocument::NodeName(DOMNode *node, TextResult &text) const {
 // The DOM's own local name and prefix: a node made without namespace
 // processing has neither, and both read as empty, never as its node name.
 int32_t CZUXMLDocument::LocalNodeName(DOMNode *node, TextResult &localName, TextResult &prefix) const {
-    if (!node || !m_pDocument)
-        return 0;
     localName.View(node->getLocalName());
     prefix.View(node->getPrefix());
     return 1;
@@ -146,8 +143,6 @@ int32_t CZUXMLDocument::LocalNodeName(DOMNode *node, TextResult &localName, Text
 // An element's text is counted and written here; every other kind of node
 // answers what Xerces answers.
 int32_t CZUXMLDocument::NodeTextContent(DOMNode *node, TextResult &text) const {
-    if (!node || !m_pDocument)
-        return 0;
     if (node->getNodeType() == DOMNode::ELEMENT_NODE)
         text.Defer(ContentLength(node), WriteContent, node);
     else
@@ -158,8 +153,6 @@ int32_t CZUXMLDocument::NodeTextContent(DOMNode *node, TextResult &text) const {
 // A node without a namespace URI has no namespace to report: 0, and the
 // caller's buffer is left alone.
 int32_t CZUXMLDocument::NodeNamespace(DOMNode *node, TextResult &text) const {
-    if (!node || !m_pDocument)
-        return 0;
     const XMLCh *uri = node->getNamespaceURI();
     if (!uri)
         return 0;

@@ -77,9 +77,9 @@ DOMLSSerializer *CZUXMLDocument::NewSerializer(DOMImplementationLS *&implementat
 }
 
 // The output descriptor is never released, and on a failed descriptor the
-// target and serializer are not either: callers have always seen these
-// small leaks and they are kept. A file that could be opened but not
-// written may be left behind, partly written.
+// target and serializer are not either: the interface states these as the
+// memory a file write keeps. A file that could be opened but not written
+// may be left behind, partly written.
 int32_t CZUXMLDocument::WriteToFile(const XMLCh *path, bool pretty) {
     DOMImplementationLS *implementation = nullptr;
     DOMLSSerializer *serializer = NewSerializer(implementation);

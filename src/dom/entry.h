@@ -1,10 +1,11 @@
-// What every DOM entry point shares: turning handles back into objects and
-// rejecting a NULL document handle with the operation's failure value.
+// What the DOM entry points share beyond the boundary helper: node handles
+// as the Xerces nodes they are, and the getters of text about a node.
 #pragma once
 
 #include <utility>
 
 #include "dom/CZUXMLDocument.h"
+#include "frame/boundary.h"
 #include "frame/buffer.h"
 #include "frame/wide.h"
 #include "zuxml.h"
@@ -13,27 +14,23 @@ namespace zuxml {
 
 inline xercesc::DOMNode *NodeOf(ZuXmlNode node) { return static_cast<xercesc::DOMNode *>(node); }
 
-// Calls method on the document behind handle, or answers failure for NULL.
-template <class Result, class Method, class... Args>
-Result CallDocument(ZuXmlDocument handle, Result failure, Method method, Args &&...args) {
-    if (!handle)
-        return failure;
-    CZUXMLDocument *document = FromHandle<CZUXMLDocument>(handle);
-    return static_cast<Result>((document->*method)(std::forward<Args>(args)...));
-}
-
-// A getter of one text: the document method fills a TextResult (its last
-// argument) and the caller-buffer protocol hands it out, wide or narrow.
+// A getter of text about a node the caller names: the document method fills
+// a TextResult (its last argument) and the caller-buffer protocol hands it
+// out, wide or narrow.
 template <class Method, class... Args>
-int32_t ReadTextW(ZuXmlDocument handle, Method method, ZuXmlWChar *buffer, int32_t *length, Args &&...args) {
+int32_t ReadTextW(ZuXmlDocument handle, Method method, ZuXmlWChar *buffer, int32_t *length, ZuXmlNode node,
+                      Args &&...args) {
     TextResult text;
-    return DeliverW(CallDocument(handle, 0, method, std::forward<Args>(args)..., text), text, AsXml(buffer), length);
+    return DeliverW(CallOnNode(handle, 0, method, NodeOf(node), std::forward<Args>(args)..., text), text,
+                    AsXml(buffer), length);
 }
 
 template <class Method, class... Args>
-int32_t ReadTextA(ZuXmlDocument handle, Method method, char *buffer, int32_t *length, Args &&...args) {
+int32_t ReadTextA(ZuXmlDocument handle, Method method, char *buffer, int32_t *length, ZuXmlNode node,
+                      Args &&...args) {
     TextResult text;
-    return DeliverA(CallDocument(handle, 0, method, std::forward<Args>(args)..., text), text, buffer, length);
+    return DeliverA(CallOnNode(handle, 0, method, NodeOf(node), std::forward<Args>(args)..., text), text, buffer,
+                    length);
 }
 
 } // namespace zuxml

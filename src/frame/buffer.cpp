@@ -28,9 +28,10 @@ void CopyPadded(const TextResult &text, XMLCh *buffer, int32_t capacity) {
     std::fill(buffer + text.Length(), buffer + capacity, XMLCh(0));
 }
 
-// What the narrow buffer receives: the locale form of the text that the
-// wide form wrote into a temporary of n + 1 units, or of the empty string
-// the temporary starts out with. Its first byte is written even for n <= 0.
+// What the narrow buffer receives: the locale form of what the wide form
+// would have written into a wide buffer of n + 1 units that starts out
+// empty, so the empty string when the text did not fit. Its first byte is
+// written even for n <= 0.
 void WriteNarrow(bool wrote, const TextResult &text, char *buffer, int32_t capacity) {
     if (!buffer)
         return;

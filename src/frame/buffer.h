@@ -9,9 +9,10 @@
 //   - otherwise the text, its terminator and zeros up to n characters are
 //     written (narrow: at most n bytes of the locale's form) and the
 //     length is left as it was.
-// The narrow length counts wide characters, not bytes, because the narrow
-// form is a conversion of what the wide form would have written; callers
-// depend on that, so it is kept.
+// The narrow form behaves as if the wide form wrote into a wide buffer of
+// n + 1 units that is then converted into the caller's bytes: so its length
+// counts wide characters, not bytes, and text longer in bytes than in wide
+// characters is cut at n bytes.
 #pragma once
 
 #include <cstddef>

@@ -13,5 +13,6 @@ static_assert(sizeof(ZuXmlWChar) == sizeof(XMLCh), "wide text is 16-bit units on
 
 inline const XMLCh *AsXml(const ZuXmlWChar *text) { return reinterpret_cast<const XMLCh *>(text); }
 inline XMLCh *AsXml(ZuXmlWChar *text) { return reinterpret_cast<XMLCh *>(text); }
+inline const ZuXmlWChar *AsWide(const XMLCh *text) { return reinterpret_cast<const ZuXmlWChar *>(text); }
 
 } // namespace zuxml

@@ -10,6 +10,8 @@
 #include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
+#include "frame/CZUXMLTextRecord.h"
+
 XERCES_CPP_NAMESPACE_USE
 
 namespace zuxml {
@@ -36,6 +38,15 @@ int32_t CZUXMLSax2::LoadFromFile(const XMLCh *path, int32_t nMode) {
     }
     EndLoad();
     return 1;
+}
+
+// A narrow name goes through Xerces' local code page transcoder, as Xerces
+// itself turns a narrow system identifier into its own text, not through
+// the C runtime's locale of the other narrow entries: a name that a program
+// hands to Xerces' own narrow parse opens the same file here.
+int32_t CZUXMLSax2::LoadFromNarrowFile(const char *path, int32_t nMode) {
+    CZUXMLTextRecord name(path);
+    return LoadFromFile(name.ParserForm(), nMode);
 }
 
 int32_t CZUXMLSax2::CurrentLocation(uint64_t *pnLine, uint64_t *pnColumn) const {
@@ -74,10 +85,12 @@ void CZUXMLSax2::EndLoad() {
     m_pHandler = nullptr;
 }
 
-// Only the parse itself is guarded. A caught failure prints its message,
-// answers its value and leaves reader and handler in place; whatever
-// else is thrown, before or after, passes to the caller.
-template <class Parse> int32_t CZUXMLSax2::Guarded(Parse parse) {
+// Runs the parse, catching what a load's contract names: an XMLException
+// or anything unknown answers 0, a SAXParseException -1, each after its
+// message on stdout. Only the parse itself runs here; what is thrown before
+// or after it passes to the caller. A caught failure leaves reader and
+// handler in place.
+template <class Parse> int32_t CZUXMLSax2::CatchAndPrint(Parse parse) {
     try {
         return parse();
     } catch (const XMLException &exc) {
@@ -95,7 +108,7 @@ template <class Parse> int32_t CZUXMLSax2::Guarded(Parse parse) {
 // A stop request means nothing to the one-shot load.
 int32_t CZUXMLSax2::ParseOnce(const XMLCh *path) {
     BeginLoad();
-    return Guarded([&] {
+    return CatchAndPrint([&] {
         m_pReader->parse(path);
         return kParsed;
     });
@@ -107,7 +120,7 @@ int32_t CZUXMLSax2::ParseOnce(const XMLCh *path) {
 int32_t CZUXMLSax2::ParseProgressively(const XMLCh *path) {
     m_nStopRequested.store(0, std::memory_order_relaxed);
     BeginLoad();
-    return Guarded([&] {
+    return CatchAndPrint([&] {
         XMLPScanToken token;
         if (!m_pReader->parseFirst(path, token)) {
             std::cout << "parseFirst() failed\n";

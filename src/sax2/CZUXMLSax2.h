@@ -20,14 +20,23 @@ namespace zuxml {
 class CZUXMLSax2 final : public CZUXMLHandle {
 public:
     explicit CZUXMLSax2(void *pContext) : m_pContext(pContext) {}
-    // Releases the object alone: a reader and handler that a failed load
-    // left behind are not destroyed. Callers have always seen this leak
-    // and it is kept.
+    // Frees the object alone. The reader and handler that a failed load
+    // keeps (so that the location query still answers where it stopped)
+    // are freed by the next load on this object, never by release: the
+    // interface states them as memory kept when a parser is released after
+    // a failed load.
     ~CZUXMLSax2() override = default;
 
     // Replace the whole table of one form; used from the next load on.
-    void SetCallbacks(const Sax2CallbackTableW &callbacks) { m_CallbacksW = callbacks; }
-    void SetCallbacks(const Sax2CallbackTableA &callbacks) { m_CallbacksA = callbacks; }
+    // Answer 1.
+    int32_t SetWideCallbacks(const Sax2CallbackTableW &callbacks) {
+        m_CallbacksW = callbacks;
+        return 1;
+    }
+    int32_t SetNarrowCallbacks(const Sax2CallbackTableA &callbacks) {
+        m_CallbacksA = callbacks;
+        return 1;
+    }
 
     // Streams the file: progressively (stoppable) for mode 1, in one call
     // for any other mode. Answers 1 when the parse ended, also after errors
@@ -35,6 +44,9 @@ public:
     // failed, on an XMLException or an unknown exception; -1 on a
     // SAXParseException. The failures print their message on stdout.
     int32_t LoadFromFile(const XMLCh *path, int32_t nMode);
+    // The same for a narrow file name, made wide by Xerces' own local code
+    // page transcoder rather than the C runtime's locale.
+    int32_t LoadFromNarrowFile(const char *path, int32_t nMode);
 
     // Ends a running progressive load before its next step. May be called
     // from any thread.
@@ -49,7 +61,7 @@ private:
     void EndLoad();
     int32_t ParseOnce(const XMLCh *path);
     int32_t ParseProgressively(const XMLCh *path);
-    template <class Parse> static int32_t Guarded(Parse parse);
+    template <class Parse> static int32_t CatchAndPrint(Parse parse);
 
     xercesc::SAX2XMLReader *m_pReader = nullptr;
     CZUXMLSax2Handler *m_pHandler = nullptr;

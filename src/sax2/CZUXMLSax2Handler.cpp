@@ -1,134 +1,16 @@
 #include "sax2/CZUXMLSax2Handler.h"
 
-#include <cstring>
-
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
+#include <type_traits>
 
 #include <xercesc/sax/Locator.hpp>
 #include <xercesc/sax/SAXParseException.hpp>
 #include <xercesc/sax2/Attributes.hpp>
-#include <xercesc/util/PlatformUtils.hpp>
-#include <xercesc/util/XMLString.hpp>
+
+#include "sax2/text_forms.h"
 
 XERCES_CPP_NAMESPACE_USE
 
 namespace zuxml {
-
-namespace {
-
-const XMLCh kNoText[] = {0};
-
-// The units of text before its terminator. Xerces' length is only a hint
-// where to look: XML text holds no zero unit, so the terminator normally
-// stands right there, and the units up to it are checked eight (SSE2) or
-// four at a time, never reading past the length Xerces gave.
-size_t TextLength(const XMLCh *text, size_t length) {
-    static_assert(sizeof(XMLCh) == 2, "four units to a 64-bit word");
-    size_t units = 0;
-#if defined(__SSE2__)
-    const __m128i zero = _mm_setzero_si128();
-    for (; units + 8 <= length; units += 8) {
-        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i *>(text + units));
-        if (_mm_movemask_epi8(_mm_cmpeq_epi16(block, zero)))
-            break;
-    }
-#endif
-    constexpr uint64_t kLow = 0x0001000100010001u;
-    constexpr uint64_t kHigh = 0x8000800080008000u;
-    for (; units + 4 <= length; units += 4) {
-        uint64_t word;
-        std::memcpy(&word, text + units, sizeof word);
-        if ((word - kLow) & ~word & kHigh)
-            break;
-    }
-    while (text[units])
-        ++units;
-    return units;
-}
-
-// Short runs of white space, such as the line breaks and indentation that
-// lay out a document, recur as often as its names do.
-bool IsLayoutSpace(const XMLCh *text) {
-    constexpr int kLongest = 64;
-    for (int i = 0; i <= kLongest; ++i) {
-        switch (text[i]) {
-        case 0:
-            return true;
-        case u' ':
-        case u'\t':
-        case u'\n':
-        case u'\r':
-            continue;
-        default:
-            return false;
-        }
-    }
-    return false;
-}
-
-} // namespace
-
-// Wide callbacks take Xerces' own text: a callback's strings need only live
-// until it returns, so Xerces' strings are handed over as they are.
-struct CZUXMLSax2Handler::WideForm {
-    using Table = Sax2CallbackTableW;
-
-    class Text {
-    public:
-        Text(CZUXMLSax2Handler &, const XMLCh *text) : m_pText(text ? text : kNoText) {}
-        const ZuXmlWChar *get() const { return reinterpret_cast<const ZuXmlWChar *>(m_pText); }
-
-    private:
-        const XMLCh *m_pText;
-    };
-    using Name = Text;
-
-    static CZUXMLTextStack<std::basic_string<XMLCh>> &Stack(CZUXMLSax2Handler &handler) { return handler.m_TextW; }
-    static void Append(std::basic_string<XMLCh> &slot, const XMLCh *chars, XMLSize_t length) {
-        slot.append(chars, TextLength(chars, length));
-    }
-    static const ZuXmlWChar *View(const std::basic_string<XMLCh> &slot) {
-        return reinterpret_cast<const ZuXmlWChar *>(slot.c_str());
-    }
-};
-
-// Narrow callbacks take Xerces' text in its local code page, made by
-// XMLString::transcode (Xerces' own transcoder, not the C runtime's
-// locale). Texts that recur are transcoded once and their bytes reused.
-struct CZUXMLSax2Handler::NarrowForm {
-    using Table = Sax2CallbackTableA;
-
-    // Values, comments, messages: kept while they recur often enough.
-    class Text {
-    public:
-        Text(CZUXMLSax2Handler &handler, const XMLCh *text) : m_pText(handler.m_NarrowRecent.Get(text)) {}
-        const char *get() const { return m_pText; }
-
-    private:
-        const char *m_pText;
-    };
-
-    // Names, URIs and types: each transcoded once per load.
-    class Name {
-    public:
-        Name(CZUXMLSax2Handler &handler, const XMLCh *name) : m_pName(handler.m_NarrowNames.Get(name)) {}
-        const char *get() const { return m_pName; }
-
-    private:
-        const char *m_pName;
-    };
-
-    static CZUXMLTextStack<std::string> &Stack(CZUXMLSax2Handler &handler) { return handler.m_TextA; }
-    static void Append(CZUXMLSax2Handler &handler, std::string &slot, const XMLCh *chars) {
-        if (IsLayoutSpace(chars))
-            slot.append(handler.m_NarrowNames.Get(chars));
-        else
-            slot.append(handler.m_NarrowRecent.Get(chars));
-    }
-    static const char *View(const std::string &slot) { return slot.c_str(); }
-};
 
 CZUXMLSax2Handler::CZUXMLSax2Handler(void *hParser, void *pContext, const Sax2CallbackTableW &callbacksW,
                                      const Sax2CallbackTableA &callbacksA)
@@ -164,7 +46,7 @@ void CZUXMLSax2Handler::RecordLocation() {
 // An exception on its way out of the parse takes the position with it while
 // the locator can still be read: once the exception has left Xerces, the
 // scan is over. On the way through, this costs nothing.
-template <class Event> void CZUXMLSax2Handler::Guarded(Event event) {
+template <class Event> void CZUXMLSax2Handler::RecordLocationOnThrow(Event event) {
     try {
         event();
     } catch (...) {
@@ -182,7 +64,7 @@ void CZUXMLSax2Handler::endDocument() { DocumentEvent(m_CallbacksW.pEndDocument,
 // Start and end of the document carry no text, so both tables share their
 // entry types and the chosen one is called as it is.
 void CZUXMLSax2Handler::DocumentEvent(DocumentCallback wide, DocumentCallback narrow) {
-    Guarded([&] {
+    RecordLocationOnThrow([&] {
         RecordLocation();
         if (wide)
             wide(m_pParser, m_pContext);
@@ -193,7 +75,7 @@ void CZUXMLSax2Handler::DocumentEvent(DocumentCallback wide, DocumentCallback na
 
 void CZUXMLSax2Handler::startElement(const XMLCh *uri, const XMLCh *localname, const XMLCh *qname,
                                      const Attributes &attrs) {
-    Guarded([&] {
+    RecordLocationOnThrow([&] {
         if (m_CallbacksW.pStartElement)
             OnStartElement<WideForm>(m_CallbacksW, uri, localname, qname, attrs);
         else if (m_CallbacksA.pStartElement)
@@ -201,9 +83,9 @@ void CZUXMLSax2Handler::startElement(const XMLCh *uri, const XMLCh *localname, c
         // Only the form that end tags deliver is ever gathered during a
         // load, so only its slot can hold text from an earlier element.
         if (m_eTextForm == TextForm::Wide)
-            m_TextW.At(m_nDepth).clear();
+            Gathered<WideForm>().At(m_nDepth).clear();
         else if (m_eTextForm == TextForm::Narrow)
-            m_TextA.At(m_nDepth).clear();
+            Gathered<NarrowForm>().At(m_nDepth).clear();
         // The depth rises even when nobody hears of the start tag, so that
         // the depths of end tags and comments stay right.
         ++m_nDepth;
@@ -213,37 +95,35 @@ void CZUXMLSax2Handler::startElement(const XMLCh *uri, const XMLCh *localname, c
 template <class Form>
 void CZUXMLSax2Handler::OnStartElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname,
                                        const XMLCh *qname, const Attributes &attrs) {
-    using Name = typename Form::Name;
-    using Text = typename Form::Text;
-    const Name szUri(*this, uri);
-    const Name szLocalName(*this, localname);
-    const Name szQName(*this, qname);
+    const auto szUri = Form::Stable(m_Narrow, uri);
+    const auto szLocalName = Form::Stable(m_Narrow, localname);
+    const auto szQName = Form::Stable(m_Narrow, qname);
     const XMLSize_t count = attrs.getLength();
     if (table.pStartElement)
-        table.pStartElement(m_pParser, m_pContext, m_nDepth, static_cast<int32_t>(count), szUri.get(),
-                            szLocalName.get(), szQName.get());
+        table.pStartElement(m_pParser, m_pContext, m_nDepth, static_cast<int32_t>(count), szUri, szLocalName,
+                            szQName);
     // Attributes are read only for a caller who hears of them.
     for (XMLSize_t index = 0; table.pAttribute && index < count; ++index) {
-        const Name szAttrUri(*this, attrs.getURI(index));
-        const Name szAttrLocalName(*this, attrs.getLocalName(index));
-        const Name szAttrQName(*this, attrs.getQName(index));
-        const Name szType(*this, attrs.getType(index));
-        const Text szValue(*this, attrs.getValue(index));
-        table.pAttribute(m_pParser, m_pContext, m_nDepth, static_cast<int32_t>(index), szAttrUri.get(),
-                         szAttrLocalName.get(), szAttrQName.get(), szType.get(), szValue.get());
+        const auto szAttrUri = Form::Stable(m_Narrow, attrs.getURI(index));
+        const auto szAttrLocalName = Form::Stable(m_Narrow, attrs.getLocalName(index));
+        const auto szAttrQName = Form::Stable(m_Narrow, attrs.getQName(index));
+        const auto szType = Form::Stable(m_Narrow, attrs.getType(index));
+        const auto szValue = Form::Transient(m_Narrow, attrs.getValue(index));
+        table.pAttribute(m_pParser, m_pContext, m_nDepth, static_cast<int32_t>(index), szAttrUri, szAttrLocalName,
+                         szAttrQName, szType, szValue);
     }
     // AttributesDone follows the NARROW Attribute entry whichever table
     // serves the start tag, and the serving table's AttributesDone is then
-    // called unchecked. Callers rely on this coupling as it always was: one
-    // who sets the narrow Attribute entry sets AttributesDone in the table
-    // that serves StartElement, and one who sets only wide entries never
-    // gets AttributesDone.
+    // called unchecked: that is how the interface defines the entry (see the
+    // SAX2 callbacks in zuxml.h). A caller who sets the narrow Attribute
+    // entry sets AttributesDone in the table that serves StartElement, and
+    // one who sets only wide entries never gets AttributesDone.
     if (m_CallbacksA.pAttribute)
         table.pAttributesDone(m_pParser, m_pContext, m_nDepth);
 }
 
 void CZUXMLSax2Handler::endElement(const XMLCh *uri, const XMLCh *localname, const XMLCh *qname) {
-    Guarded([&] {
+    RecordLocationOnThrow([&] {
         --m_nDepth;
         if (m_CallbacksW.pEndElement)
             OnEndElement<WideForm>(m_CallbacksW, uri, localname, qname);
@@ -256,29 +136,38 @@ void CZUXMLSax2Handler::endElement(const XMLCh *uri, const XMLCh *localname, con
 template <class Form>
 void CZUXMLSax2Handler::OnEndElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname,
                                      const XMLCh *qname) {
-    using Name = typename Form::Name;
-    const Name szUri(*this, uri);
-    const Name szLocalName(*this, localname);
-    const Name szQName(*this, qname);
-    table.pEndElement(m_pParser, m_pContext, m_nDepth, szUri.get(), szLocalName.get(), szQName.get(),
-                      Form::View(Form::Stack(*this).At(m_nDepth)));
+    const auto szUri = Form::Stable(m_Narrow, uri);
+    const auto szLocalName = Form::Stable(m_Narrow, localname);
+    const auto szQName = Form::Stable(m_Narrow, qname);
+    table.pEndElement(m_pParser, m_pContext, m_nDepth, szUri, szLocalName, szQName,
+                      Form::View(Gathered<Form>().At(m_nDepth)));
 }
 
 // Text is gathered only in the form that its end tag will deliver, and only
-// for an open element: character data at depth 0 belongs to nobody. Text
-// runs to its terminator; Xerces' length only says where to look for it.
-// No caller code runs here, so nothing needs guarding.
+// for an open element: character data at depth 0 belongs to nobody. No
+// caller code runs here, so nothing needs its location recorded.
 void CZUXMLSax2Handler::characters(const XMLCh *chars, XMLSize_t length) {
     if (m_nDepth <= 0)
         return;
     if (m_eTextForm == TextForm::Wide)
-        WideForm::Append(m_TextW.At(m_nDepth - 1), chars, length);
+        Gather<WideForm>(chars, length);
     else if (m_eTextForm == TextForm::Narrow)
-        NarrowForm::Append(*this, m_TextA.At(m_nDepth - 1), chars);
+        Gather<NarrowForm>(chars, length);
+}
+
+template <class Form> void CZUXMLSax2Handler::Gather(const XMLCh *chars, XMLSize_t length) {
+    Form::Append(m_Narrow, Gathered<Form>().At(m_nDepth - 1), chars, length);
+}
+
+template <class Form> CZUXMLTextStack<typename Form::Gathered> &CZUXMLSax2Handler::Gathered() {
+    if constexpr (std::is_same_v<Form, WideForm>)
+        return m_TextW;
+    else
+        return m_TextA;
 }
 
 void CZUXMLSax2Handler::comment(const XMLCh *chars, XMLSize_t) {
-    Guarded([&] {
+    RecordLocationOnThrow([&] {
         if (m_CallbacksW.pComment)
             OnComment<WideForm>(m_CallbacksW, chars);
         else if (m_CallbacksA.pComment)
@@ -287,8 +176,7 @@ void CZUXMLSax2Handler::comment(const XMLCh *chars, XMLSize_t) {
 }
 
 template <class Form> void CZUXMLSax2Handler::OnComment(const typename Form::Table &table, const XMLCh *chars) {
-    const typename Form::Text szText(*this, chars);
-    table.pComment(m_pParser, m_pContext, m_nDepth, szText.get());
+    table.pComment(m_pParser, m_pContext, m_nDepth, Form::Transient(m_Narrow, chars));
 }
 
 void CZUXMLSax2Handler::warning(const SAXParseException &exc) { Diagnostic(SAX2_WARNING, exc); }
@@ -298,7 +186,7 @@ void CZUXMLSax2Handler::error(const SAXParseException &exc) { Diagnostic(SAX2_ER
 void CZUXMLSax2Handler::fatalError(const SAXParseException &exc) { Diagnostic(SAX2_FATAL_ERROR, exc); }
 
 void CZUXMLSax2Handler::Diagnostic(int32_t nCode, const SAXParseException &exc) {
-    Guarded([&] {
+    RecordLocationOnThrow([&] {
         RecordLocation();
         if (m_CallbacksW.pDiagnostic)
             OnDiagnostic<WideForm>(m_CallbacksW, nCode, exc);
@@ -309,8 +197,7 @@ void CZUXMLSax2Handler::Diagnostic(int32_t nCode, const SAXParseException &exc) 
 
 template <class Form>
 void CZUXMLSax2Handler::OnDiagnostic(const typename Form::Table &table, int32_t nCode, const SAXParseException &exc) {
-    const typename Form::Text szMessage(*this, exc.getMessage());
-    table.pDiagnostic(m_pParser, m_pContext, nCode, szMessage.get());
+    table.pDiagnostic(m_pParser, m_pContext, nCode, Form::Transient(m_Narrow, exc.getMessage()));
 }
 
 } // namespace zuxml

@@ -9,37 +9,14 @@
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include <xercesc/sax2/DefaultHandler.hpp>
 
-#include "sax2/CZUXMLNarrowNames.h"
-#include "sax2/CZUXMLNarrowRecent.h"
+#include "sax2/CZUXMLNarrowCache.h"
+#include "sax2/CZUXMLTextStack.h"
 #include "sax2/Sax2CallbackTable.h"
 
 namespace zuxml {
-
-// The character data of every open element, one slot per depth. The first
-// 100 levels live inside the object; deeper levels, which real documents
-// seldom reach, are kept in storage that grows on demand. A slot keeps its
-// capacity when cleared, so steady parsing allocates nothing here.
-template <class Slot> class CZUXMLTextStack {
-public:
-    static constexpr int32_t kFixedLevels = 100;
-
-    Slot &At(int32_t depth) {
-        if (depth < kFixedLevels)
-            return m_aFixed[depth];
-        const size_t deep = static_cast<size_t>(depth - kFixedLevels);
-        if (deep >= m_Deep.size())
-            m_Deep.resize(deep + 1);
-        return m_Deep[deep];
-    }
-
-private:
-    Slot m_aFixed[kFixedLevels];
-    std::vector<Slot> m_Deep;
-};
 
 class CZUXMLSax2Handler final : public xercesc::DefaultHandler {
 public:
@@ -83,9 +60,8 @@ public:
     void fatalError(const xercesc::SAXParseException &exc) override;
 
 private:
-    struct WideForm;
-    struct NarrowForm;
-
+    // Each dispatcher serves both forms; Form is WideForm or NarrowForm
+    // (sax2/text_forms.h).
     template <class Form>
     void OnStartElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname, const XMLCh *qname,
                         const xercesc::Attributes &attrs);
@@ -98,7 +74,11 @@ private:
     void DocumentEvent(DocumentCallback wide, DocumentCallback narrow);
     void Diagnostic(int32_t nCode, const xercesc::SAXParseException &exc);
     void RecordLocation();
-    template <class Event> void Guarded(Event event);
+    // Runs event; an exception on its way out records where the parse
+    // stopped and passes on.
+    template <class Event> void RecordLocationOnThrow(Event event);
+    template <class Form> void Gather(const XMLCh *chars, XMLSize_t length);
+    template <class Form> CZUXMLTextStack<typename Form::Gathered> &Gathered();
 
     // The form in which character data is gathered: that of the EndElement
     // entry that will deliver it, wide preferred; none without one.
@@ -110,8 +90,7 @@ private:
     int32_t m_nDepth = 0;
     CZUXMLTextStack<std::basic_string<XMLCh>> m_TextW;
     CZUXMLTextStack<std::string> m_TextA;
-    CZUXMLNarrowNames m_NarrowNames;
-    CZUXMLNarrowRecent m_NarrowRecent;
+    CZUXMLNarrowCache m_Narrow;
     const xercesc::Locator *m_pLocator = nullptr;
     // Where the parse stopped, for after the scan: taken at the start of
     // the document, at each diagnostic and when a callback throws, never

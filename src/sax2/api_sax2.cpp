@@ -1,24 +1,19 @@
-// SAX2 streaming entries: each checks its parser handle and calls one
-// method of the parser object.
+// SAX2 streaming entries: each calls one method of the parser object behind
+// its handle, or answers its failure value for a NULL handle.
 #include "zuxml.h"
 
 #include <new>
 
-#include "frame/CZUXMLTextRecord.h"
+#include "frame/boundary.h"
+#include "frame/wide.h"
 #include "sax2/CZUXMLSax2.h"
 
-using zuxml::CZUXMLSax2;
-
-namespace {
-
-CZUXMLSax2 *Parser(ZuXmlSax2Parser hParser) { return zuxml::FromHandle<CZUXMLSax2>(hParser); }
-
-} // namespace
+using namespace zuxml;
 
 extern "C" {
 
 ZUXML_API ZuXmlSax2Parser ZuXmlCreateSax2Parser(void *pContext) {
-    return zuxml::ToHandle(new (std::nothrow) CZUXMLSax2(pContext));
+    return ToHandle(new (std::nothrow) CZUXMLSax2(pContext));
 }
 
 ZUXML_API int32_t ZuXmlSetSax2ParserCallbacksW(
@@ -26,11 +21,9 @@ ZUXML_API int32_t ZuXmlSetSax2ParserCallbacksW(
     ZuXmlSax2StartElementCallbackW pStartElement, ZuXmlSax2AttributeCallbackW pAttribute,
     ZuXmlSax2AttributesDoneCallback pAttributesDone, ZuXmlSax2EndElementCallbackW pEndElement,
     ZuXmlSax2CommentCallbackW pComment, ZuXmlSax2DiagnosticCallbackW pDiagnostic) {
-    if (!hParser)
-        return 0;
-    Parser(hParser)->SetCallbacks(zuxml::Sax2CallbackTableW{pStartDocument, pEndDocument, pStartElement, pAttribute,
-                                                            pAttributesDone, pEndElement, pComment, pDiagnostic});
-    return 1;
+    return Call(hParser, 0, &CZUXMLSax2::SetWideCallbacks,
+                Sax2CallbackTableW{pStartDocument, pEndDocument, pStartElement, pAttribute, pAttributesDone,
+                                   pEndElement, pComment, pDiagnostic});
 }
 
 ZUXML_API int32_t ZuXmlSetSax2ParserCallbacksA(
@@ -38,38 +31,25 @@ ZUXML_API int32_t ZuXmlSetSax2ParserCallbacksA(
     ZuXmlSax2StartElementCallbackA pStartElement, ZuXmlSax2AttributeCallbackA pAttribute,
     ZuXmlSax2AttributesDoneCallback pAttributesDone, ZuXmlSax2EndElementCallbackA pEndElement,
     ZuXmlSax2CommentCallbackA pComment, ZuXmlSax2DiagnosticCallbackA pDiagnostic) {
-    if (!hParser)
-        return 0;
-    Parser(hParser)->SetCallbacks(zuxml::Sax2CallbackTableA{pStartDocument, pEndDocument, pStartElement, pAttribute,
-                                                            pAttributesDone, pEndElement, pComment, pDiagnostic});
-    return 1;
+    return Call(hParser, 0, &CZUXMLSax2::SetNarrowCallbacks,
+                Sax2CallbackTableA{pStartDocument, pEndDocument, pStartElement, pAttribute, pAttributesDone,
+                                   pEndElement, pComment, pDiagnostic});
 }
 
 ZUXML_API int32_t ZuXmlSax2LoadFromFileW(ZuXmlSax2Parser hParser, const ZuXmlWChar *szFileName, int32_t nMode) {
-    if (!hParser)
-        return 0;
-    return Parser(hParser)->LoadFromFile(reinterpret_cast<const XMLCh *>(szFileName), nMode);
+    return Call(hParser, 0, &CZUXMLSax2::LoadFromFile, AsXml(szFileName), nMode);
 }
 
-// The narrow file name goes through Xerces' own local code page transcoder,
-// not the C runtime's locale that the other narrow entries use: streaming
-// callers have always had their file names read that way.
 ZUXML_API int32_t ZuXmlSax2LoadFromFileA(ZuXmlSax2Parser hParser, const char *szFileName, int32_t nMode) {
-    if (!hParser)
-        return 0;
-    zuxml::CZUXMLTextRecord fileName(szFileName);
-    return Parser(hParser)->LoadFromFile(fileName.ParserForm(), nMode);
+    return Call(hParser, 0, &CZUXMLSax2::LoadFromNarrowFile, szFileName, nMode);
 }
 
 ZUXML_API void ZuXmlSax2StopLoadFromFile(ZuXmlSax2Parser hParser) {
-    if (hParser)
-        Parser(hParser)->RequestStop();
+    return Call(hParser, kNoAnswer, &CZUXMLSax2::RequestStop);
 }
 
 ZUXML_API int32_t ZuXmlGetSax2CurrentLocation(ZuXmlSax2Parser hParser, uint64_t *pnLine, uint64_t *pnColumn) {
-    if (!hParser)
-        return 0;
-    return Parser(hParser)->CurrentLocation(pnLine, pnColumn);
+    return Call(hParser, 0, &CZUXMLSax2::CurrentLocation, pnLine, pnColumn);
 }
 
 } // extern "C"

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the built library into a temporary prefix, then builds and runs a
-# small C program against that installation (build-and-run.sh).
+# small C program against that installation and against the build tree
+# (build-and-run.sh).
 #   run.sh BUILD_DIR LIBDIR VERSION C_COMPILER
 set -euo pipefail
 
@@ -18,4 +19,4 @@ for f in include/zuxml.h "$libdir/libzuxml.so" "$libdir/libzuxml.so.${version%%.
   [ -e "$prefix/$f" ] || { echo "not installed: $f" >&2; exit 1; }
 done
 
-"$here/build-and-run.sh" "$version" "$cc" "$work" "$prefix" "$libdir"
+"$here/build-and-run.sh" "$version" "$cc" "$work" "$prefix" "$libdir" "$build_dir"

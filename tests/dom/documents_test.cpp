@@ -1,13 +1,9 @@
-// Document handles: creating, loading from files and buffers, reloading
-// and releasing.
+// Document handles: creating, loading from files and buffers and
+// reloading. Release, one entry for documents and parsers, is tested with
+// the lifecycle entries (tests/frame/lifecycle_test.cpp).
 #include <gtest/gtest.h>
 
 #include <cstring>
-#if defined(_WIN32)
-#include <windows.h>
-#else
-#include <dlfcn.h>
-#endif
 
 #include "dom_support.h"
 
@@ -362,45 +358,6 @@ TEST(NullDocument, LoadsAnswerZero) {
     EXPECT_EQ(ZuXmlLoadFromBufW(nullptr, wide.c_str(), 4), 0);
     EXPECT_EQ(ZuXmlLoadFromFileW(nullptr, WidePath(DataFile("sample.xml")).c_str()), 0);
     EXPECT_EQ(ZuXmlLoadFromFileA(nullptr, DataFile("sample.xml").string().c_str()), 0);
-}
-
-TEST(NullDocument, ReleaseAnswersOne) { EXPECT_EQ(ZuXmlReleaseDocument(nullptr), 1); }
-
-TEST(ReleaseDocument, AnswersOneForEveryState) {
-    EXPECT_EQ(ZuXmlReleaseDocument(ZuXmlCreateDocument()), 1) << "empty";
-    EXPECT_EQ(ZuXmlReleaseDocument(ZuXmlCreateWriteDocumentW(W(u"r").c_str(), nullptr, W(u"r.dtd").c_str())), 1)
-        << "built";
-    ZuXmlDocument loaded = ZuXmlCreateDocument();
-    ASSERT_EQ(ZuXmlLoadFromBufA(loaded, "<r/>", 4), 1);
-    EXPECT_EQ(ZuXmlReleaseDocument(loaded), 1) << "loaded";
-    ZuXmlDocument parserOnly = ZuXmlCreateDocument();
-    ASSERT_EQ(ZuXmlLoadFromBufA(parserOnly, "<r>", 3), 0);
-    EXPECT_EQ(ZuXmlReleaseDocument(parserOnly), 1) << "after a failed load";
-}
-
-TEST(ReleaseDocument, ParserReleaseEntryDestroysADocument) {
-    ZuXmlDocument loaded = ZuXmlCreateDocument();
-    ASSERT_EQ(ZuXmlLoadFromBufA(loaded, "<r><a/></r>", 11), 1);
-    EXPECT_EQ(ZuXmlReleaseSax2Parser(loaded), 1);
-    EXPECT_EQ(ZuXmlReleaseSax2Parser(ZuXmlCreateWriteDocumentA("r", nullptr, "r.dtd")), 1);
-}
-
-TEST(ReleaseDocument, DocumentReleaseEntryDestroysAParser) {
-    // Looked up at run time, so that this program runs before the streaming
-    // parser exists in the library.
-    using CreateParser = ZuXmlSax2Parser (*)(void *);
-#if defined(_WIN32)
-    auto create = reinterpret_cast<CreateParser>(
-        reinterpret_cast<void (*)()>(GetProcAddress(GetModuleHandleA("ZUXML.dll"), "ZuXmlCreateSax2Parser")));
-#else
-    auto create = reinterpret_cast<CreateParser>(dlsym(RTLD_DEFAULT, "ZuXmlCreateSax2Parser"));
-#endif
-    if (create == nullptr)
-        GTEST_SKIP() << "the library has no ZuXmlCreateSax2Parser yet";
-    int context = 0;
-    ZuXmlSax2Parser parser = create(&context);
-    ASSERT_NE(parser, nullptr);
-    EXPECT_EQ(ZuXmlReleaseDocument(parser), 1);
 }
 
 } // namespace

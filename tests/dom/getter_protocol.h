@@ -50,8 +50,9 @@ const LengthCase kWideLengths[] = {
     {"MostNegative", 0, INT32_MIN, false},
 };
 
-// The narrow wrapper allocates length + 1 wide units, so the most negative
-// length is not a length a narrow caller can pass.
+// A narrow getter behaves as if through a wide buffer of length + 1 units,
+// which the most negative length cannot size: it is not a length a narrow
+// caller can pass.
 const LengthCase kNarrowLengths[] = {
     {"TextLength", 1, 0, false}, {"TextLengthPlusOne", 1, 1, true}, {"Larger", 1, 6, true},
     {"Zero", 0, 0, false},       {"MinusOne", 0, -1, false},        {"MinusSeven", 0, -7, false},

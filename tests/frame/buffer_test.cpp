@@ -96,7 +96,7 @@ TEST_P(NarrowProtocol, AnswersLikeTheWideFormAndWritesTheLocaleForm) {
     EXPECT_EQ(DeliverA(1, text, buffer.data(), &length), c.expectedResult);
     EXPECT_EQ(length, c.expectedLength);
     if (c.expectedResult == 0) {
-        // The temporary wide buffer held the empty string.
+        // As if the wide buffer it converts held the empty string.
         EXPECT_EQ(buffer[0], 0);
         EXPECT_EQ(buffer[1], Sentinel<char>::value);
     } else {

@@ -1,4 +1,5 @@
-// Hostile input, each case bounded in size so that it finishes in seconds:
+// Hostile input, each case bounded in size, with the work each does
+// checked by what it produced (characters, elements, diagnostics):
 // malformed documents, entity expansion, external references to a closed
 // loopback port, local external entities, deep nesting, many attributes,
 // invalid encodings, the narrow forms under the "C" locale and Xerces'
@@ -6,12 +7,9 @@
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -35,52 +33,56 @@ constexpr int kManyAttributes = 10000;
 struct Malformed {
     const char *name;
     std::string bytes;
+    // What a progressive load answers (measured): 0 when Xerces meets the
+    // error in its first step, which reads the prolog and decodes the first
+    // block of input (encoding errors included); 1 when a later step does.
+    int32_t progressive;
 };
 
 std::vector<Malformed> MalformedInputs() {
     return {
-        {"empty", ""},
-        {"whitespace only", "  \n "},
-        {"truncated start tag", "<r"},
-        {"unclosed element", "<r><a></a>"},
-        {"mismatched end tag", "<r><a></b></r>"},
-        {"end tag without start", "</r>"},
-        {"two document elements", "<r/><s/>"},
-        {"text after the document element", "<r/>text"},
-        {"text before the document element", "text<r/>"},
-        {"unquoted attribute", "<r a=1/>"},
-        {"attribute without value", "<r a/>"},
-        {"duplicate attribute", "<r a='1' a='2'/>"},
-        {"less-than in an attribute", "<r a='<'/>"},
-        {"undefined entity", "<r>&undefined;</r>"},
-        {"bare ampersand", "<r>a & b</r>"},
-        {"character reference to NUL", "<r>&#0;</r>"},
-        {"character reference past Unicode", "<r>&#x110000;</r>"},
-        {"raw NUL byte", std::string("<r>a\0b</r>", 10)},
-        {"control character", "<r>\x01</r>"},
-        {"unterminated comment", "<r><!-- c </r>"},
-        {"double hyphen in a comment", "<r><!-- a -- b --></r>"},
-        {"unterminated CDATA", "<r><![CDATA[x</r>"},
-        {"CDATA end in text", "<r>]]></r>"},
-        {"name starting with a digit", "<1r/>"},
-        {"processing instruction named xml", "<r><?xml version='1.0'?></r>"},
-        {"declaration not first", " <?xml version='1.0'?><r/>"},
-        {"unknown version", "<?xml version='2.0'?><r/>"},
-        {"unknown encoding", "<?xml version='1.0' encoding='no-such-encoding'?><r/>"},
-        {"undeclared prefix", "<p:r/>"},
-        {"undeclared attribute prefix", "<r p:a='1'/>"},
-        {"rebinding xmlns", "<r xmlns:xmlns='urn:x'/>"},
-        {"duplicate namespaced attribute", "<r xmlns:a='urn:x' xmlns:b='urn:x' a:z='1' b:z='2'/>"},
-        {"doctype after the element", "<r/><!DOCTYPE r>"},
-        {"unterminated doctype", "<!DOCTYPE r [<!ELEMENT r ANY>"},
-        {"recursive entity", "<!DOCTYPE r [<!ENTITY a '&b;'><!ENTITY b '&a;'>]><r>&a;</r>"},
-        {"entity with markup that does not nest", "<!DOCTYPE r [<!ENTITY e '<a>'>]><r>&e;</a></r>"},
-        {"invalid UTF-8 lead byte", "<r>\xff</r>"},
-        {"truncated UTF-8 sequence", "<r>\xc3</r>"},
-        {"overlong UTF-8", "<r>\xc0\xaf</r>"},
-        {"UTF-8 surrogate", "<r>\xed\xa0\x80</r>"},
-        {"UTF-16 BOM with odd length", "\xff\xfe<\0r\0/\0>\0x"},
-        {"lone UTF-16 surrogate", std::string("\xff\xfe<\0r\0>\0\x00\xd8<\0/\0r\0>\0", 18)},
+        {"empty", "", 0},
+        {"whitespace only", "  \n ", 0},
+        {"truncated start tag", "<r", 1},
+        {"unclosed element", "<r><a></a>", 1},
+        {"mismatched end tag", "<r><a></b></r>", 1},
+        {"end tag without start", "</r>", 1},
+        {"two document elements", "<r/><s/>", 1},
+        {"text after the document element", "<r/>text", 1},
+        {"text before the document element", "text<r/>", 0},
+        {"unquoted attribute", "<r a=1/>", 1},
+        {"attribute without value", "<r a/>", 1},
+        {"duplicate attribute", "<r a='1' a='2'/>", 1},
+        {"less-than in an attribute", "<r a='<'/>", 1},
+        {"undefined entity", "<r>&undefined;</r>", 1},
+        {"bare ampersand", "<r>a & b</r>", 1},
+        {"character reference to NUL", "<r>&#0;</r>", 1},
+        {"character reference past Unicode", "<r>&#x110000;</r>", 1},
+        {"raw NUL byte", std::string("<r>a\0b</r>", 10), 1},
+        {"control character", "<r>\x01</r>", 1},
+        {"unterminated comment", "<r><!-- c </r>", 1},
+        {"double hyphen in a comment", "<r><!-- a -- b --></r>", 1},
+        {"unterminated CDATA", "<r><![CDATA[x</r>", 1},
+        {"CDATA end in text", "<r>]]></r>", 1},
+        {"name starting with a digit", "<1r/>", 1},
+        {"processing instruction named xml", "<r><?xml version='1.0'?></r>", 1},
+        {"declaration not first", " <?xml version='1.0'?><r/>", 0},
+        {"unknown version", "<?xml version='2.0'?><r/>", 0},
+        {"unknown encoding", "<?xml version='1.0' encoding='no-such-encoding'?><r/>", 0},
+        {"undeclared prefix", "<p:r/>", 1},
+        {"undeclared attribute prefix", "<r p:a='1'/>", 1},
+        {"rebinding xmlns", "<r xmlns:xmlns='urn:x'/>", 1},
+        {"duplicate namespaced attribute", "<r xmlns:a='urn:x' xmlns:b='urn:x' a:z='1' b:z='2'/>", 1},
+        {"doctype after the element", "<r/><!DOCTYPE r>", 1},
+        {"unterminated doctype", "<!DOCTYPE r [<!ELEMENT r ANY>", 0},
+        {"recursive entity", "<!DOCTYPE r [<!ENTITY a '&b;'><!ENTITY b '&a;'>]><r>&a;</r>", 1},
+        {"entity with markup that does not nest", "<!DOCTYPE r [<!ENTITY e '<a>'>]><r>&e;</a></r>", 1},
+        {"invalid UTF-8 lead byte", "<r>\xff</r>", 1},
+        {"truncated UTF-8 sequence", "<r>\xc3</r>", 0},
+        {"overlong UTF-8", "<r>\xc0\xaf</r>", 0},
+        {"UTF-8 surrogate", "<r>\xed\xa0\x80</r>", 0},
+        {"UTF-16 BOM with odd length", "\xff\xfe<\0r\0/\0>\0x", 0},
+        {"lone UTF-16 surrogate", std::string("\xff\xfe<\0r\0>\0\x00\xd8<\0/\0r\0>\0", 18), 1},
     };
 }
 
@@ -124,12 +126,6 @@ std::string Laughs(int levels) {
     return xml + "]><r>&l" + std::to_string(levels) + ";</r>";
 }
 
-long PeakRssKb() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
-}
-
 } // namespace
 
 TEST(Malformed, EveryKindAnswersZeroAndLeavesTheDocumentUsable) {
@@ -155,13 +151,8 @@ TEST(Malformed, EveryKindIsAFatalDiagnosticOfTheStreamAndTheParserGoesOn) {
             ZuXmlSetSax2ParserCallbacksA(parser, nullptr, nullptr, RecordStart, nullptr, nullptr, RecordEnd,
                                          nullptr, RecordDiagnostic);
             record.result = ZuXmlSax2LoadFromFileA(parser, path.c_str(), mode);
-            // A progressive load reads the prolog in its first step: an
-            // error there fails the start (0); anything later ends the
-            // parse (1). One shot, every kind ends the parse.
-            if (mode == 1)
-                EXPECT_TRUE(record.result == 1 || record.result == 0) << record.result;
-            else
-                EXPECT_EQ(record.result, 1);
+            // One shot, every kind ends the parse (1).
+            EXPECT_EQ(record.result, mode == 1 ? input.progressive : 1) << "mode " << mode;
             EXPECT_GE(record.fatal, 1) << "mode " << mode;
             record = StreamRecord{};
             EXPECT_EQ(ZuXmlSax2LoadFromFileA(parser, good.c_str(), mode), 1);
@@ -184,81 +175,70 @@ TEST(Malformed, InvalidUtf16TextAnswersZero) {
 
 // Xerces has no limit on entity expansion (the library sets no security
 // manager): every level multiplies the text by ten, and the time and memory
-// with it. Level 4 (30,000 characters) takes milliseconds, and seconds
-// under valgrind.
+// with it. Level 4 gives 30,000 characters, each of them counted here.
 TEST(EntityExpansion, BillionLaughsAtFourLevelsCompletesWithTheWholeExpansion) {
     const std::string xml = Laughs(4);
-    const auto start = std::chrono::steady_clock::now();
     ZuXmlDocument doc = ZuXmlCreateDocument();
     ASSERT_EQ(ZuXmlLoadFromBufA(doc, xml.data(), static_cast<uint32_t>(xml.size())), 1);
     ZuXmlNode root = ZuXmlGetRootNode(doc);
     int32_t length = 0;
     ASSERT_EQ(ZuXmlGetNodeTextContentA(doc, root, nullptr, &length), 0);
     EXPECT_EQ(length, 3 * 10000 + 1) << "three letters times ten to the fourth, and the terminator";
-    const double dom = SecondsSince(start);
     ZuXmlReleaseDocument(doc);
 
     Scratch scratch;
-    const auto streamStart = std::chrono::steady_clock::now();
     const StreamRecord record = Stream(scratch.Write("laughs.xml", xml));
-    const double sax = SecondsSince(streamStart);
     EXPECT_EQ(record.result, 1);
     EXPECT_EQ(record.fatal, 0);
+    EXPECT_EQ(record.elements, 1);
     EXPECT_EQ(record.text.size(), 30000u);
-    EXPECT_LT(dom, 10.0);
-    EXPECT_LT(sax, 10.0);
-    std::printf("billion laughs, 4 levels: DOM %.3f s, stream %.3f s, peak RSS %ld kB\n", dom, sax, PeakRssKb());
 }
 
 TEST(EntityExpansion, XercesDisableDtdRejectsEveryDocumentType) {
     ASSERT_EQ(setenv("XERCES_DISABLE_DTD", "1", 1), 0);
     const std::string xml = Laughs(9);
     ZuXmlDocument doc = ZuXmlCreateDocument();
-    const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(ZuXmlLoadFromBufA(doc, xml.data(), static_cast<uint32_t>(xml.size())), 0);
-    EXPECT_LT(SecondsSince(start), 1.0) << "nine levels are refused, not expanded";
     EXPECT_EQ(ZuXmlLoadFromBufA(doc, "<!DOCTYPE ok><ok/>", 18), 0);
     EXPECT_TRUE(LoadsAndWalks(doc, "<ok/>")) << "a document without a type still loads";
     Scratch scratch;
     const StreamRecord record = Stream(scratch.Write("laughs.xml", xml));
     EXPECT_EQ(record.result, 1);
     EXPECT_GE(record.fatal, 1);
+    EXPECT_EQ(record.elements, 0) << "nine levels are refused before the document element, not expanded";
+    EXPECT_EQ(record.text, "");
     ASSERT_EQ(unsetenv("XERCES_DISABLE_DTD"), 0);
     EXPECT_TRUE(LoadsAndWalks(doc, "<!DOCTYPE ok><ok/>")) << "read for every document";
     ZuXmlReleaseDocument(doc);
 }
 
 // The document, with PORT replaced by a closed loopback port, fails both
-// ways within seconds: the DOM load answers 0 and leaves the handle usable,
-// the stream ends (1) with a fatal diagnostic. Answers the elements streamed.
-int ExpectUnreachableFailsFast(const std::string &pattern) {
+// ways: the DOM load answers 0 and leaves the handle usable, the stream
+// ends (1) with a fatal diagnostic. Answers the elements streamed.
+int ExpectUnreachableFails(const std::string &pattern) {
     const int port = ClosedLoopbackPort();
     EXPECT_GT(port, 0);
     std::string xml = pattern;
     xml.replace(xml.find("PORT"), 4, std::to_string(port));
     ZuXmlDocument doc = ZuXmlCreateDocument();
-    auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(ZuXmlLoadFromBufA(doc, xml.data(), static_cast<uint32_t>(xml.size())), 0);
-    EXPECT_LT(SecondsSince(start), 5.0);
     EXPECT_TRUE(LoadsAndWalks(doc, "<ok/>"));
     ZuXmlReleaseDocument(doc);
 
     Scratch scratch;
-    start = std::chrono::steady_clock::now();
     const StreamRecord record = Stream(scratch.Write("external.xml", xml));
-    EXPECT_LT(SecondsSince(start), 5.0);
     EXPECT_EQ(record.result, 1);
     EXPECT_GE(record.fatal, 1);
     return record.elements;
 }
 
-TEST(ExternalReferences, ADtdOnAClosedLoopbackPortFailsFast) {
-    EXPECT_EQ(ExpectUnreachableFailsFast("<!DOCTYPE r SYSTEM 'http://127.0.0.1:PORT/r.dtd'><r>text</r>"), 0)
+TEST(ExternalReferences, ADtdOnAClosedLoopbackPortIsAFatalError) {
+    EXPECT_EQ(ExpectUnreachableFails("<!DOCTYPE r SYSTEM 'http://127.0.0.1:PORT/r.dtd'><r>text</r>"), 0)
         << "the stream ends before the first element";
 }
 
-TEST(ExternalReferences, AnEntityOnAClosedLoopbackPortFailsFast) {
-    EXPECT_EQ(ExpectUnreachableFailsFast("<!DOCTYPE r [<!ENTITY e SYSTEM 'http://127.0.0.1:PORT/e.txt'>]><r>&e;</r>"),
+TEST(ExternalReferences, AnEntityOnAClosedLoopbackPortIsAFatalError) {
+    EXPECT_EQ(ExpectUnreachableFails("<!DOCTYPE r [<!ENTITY e SYSTEM 'http://127.0.0.1:PORT/e.txt'>]><r>&e;</r>"),
               1);
 }
 
@@ -309,7 +289,6 @@ std::string Nested(int depth) {
 // level: on an 8 MB stack they are safe to kDeepSafeDepth levels.
 TEST(Limits, DeepNestingLoadsWalksSerialisesAndStreams) {
     const std::string xml = Nested(kDeepSafeDepth);
-    const auto start = std::chrono::steady_clock::now();
     ZuXmlDocument doc = ZuXmlCreateDocument();
     ASSERT_EQ(ZuXmlLoadFromBufA(doc, xml.data(), static_cast<uint32_t>(xml.size())), 1);
     int depth = 0;
@@ -330,7 +309,7 @@ TEST(Limits, DeepNestingLoadsWalksSerialisesAndStreams) {
     EXPECT_EQ(record.result, 1);
     EXPECT_EQ(record.maxDepth, kDeepSafeDepth - 1);
     EXPECT_EQ(record.fatal, 0);
-    EXPECT_LT(SecondsSince(start), 20.0);
+    EXPECT_EQ(record.elements, kDeepSafeDepth);
 }
 
 TEST(Limits, ManyAttributesLoadAndStream) {
@@ -338,7 +317,6 @@ TEST(Limits, ManyAttributesLoadAndStream) {
     for (int i = 0; i < kManyAttributes; ++i)
         xml += " a" + std::to_string(i) + "='" + std::to_string(i) + "'";
     xml += "/>";
-    const auto start = std::chrono::steady_clock::now();
     ZuXmlDocument doc = ZuXmlCreateDocument();
     ASSERT_EQ(ZuXmlLoadFromBufA(doc, xml.data(), static_cast<uint32_t>(xml.size())), 1);
     EXPECT_EQ(ZuXmlGetNodeAttributeCount(doc, ZuXmlGetRootNode(doc)), kManyAttributes);
@@ -347,17 +325,12 @@ TEST(Limits, ManyAttributesLoadAndStream) {
     EXPECT_EQ(ZuXmlGetNodeAttributeValueNameA(doc, ZuXmlGetRootNode(doc), "a4321", value, &length), 1);
     EXPECT_STREQ(value, "4321");
     ZuXmlReleaseDocument(doc);
-    const double dom = SecondsSince(start);
 
     Scratch scratch;
-    const auto streamStart = std::chrono::steady_clock::now();
     const StreamRecord record = Stream(scratch.Write("attributes.xml", xml));
     EXPECT_EQ(record.result, 1);
     EXPECT_EQ(record.fatal, 0);
-    const double sax = SecondsSince(streamStart);
-    EXPECT_LT(dom, 10.0);
-    EXPECT_LT(sax, 10.0);
-    std::printf("%d attributes: DOM %.3f s, stream %.3f s\n", kManyAttributes, dom, sax);
+    EXPECT_EQ(record.elements, 1);
 }
 
 // Under the "C" locale the narrow forms carry ASCII only. The narrow

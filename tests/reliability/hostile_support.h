@@ -4,7 +4,6 @@
 
 #include <unistd.h>
 
-#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -96,10 +95,6 @@ inline StreamRecord Stream(const std::string &path, int32_t mode = 0) {
     record.result = ZuXmlSax2LoadFromFileA(parser, path.c_str(), mode);
     ZuXmlReleaseSax2Parser(parser);
     return record;
-}
-
-inline double SecondsSince(std::chrono::steady_clock::time_point start) {
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
 } // namespace zuxml_reliability

@@ -11,12 +11,15 @@ const char kTwoAttributes[] = "<a x=\"1\" y=\"2\"/>";
 
 } // namespace
 
-TEST(CallbackTable, SettersAnswerOneForAParser) {
+TEST(CallbackTable, SettersAnswerOneAndTheNextLoadCallsWhatTheyStored) {
+    TempFile file(kTwoAttributes);
     TracedParser parser;
-    EXPECT_EQ(1, ZuXmlSetSax2ParserCallbacksW(parser.handle(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                                              nullptr, nullptr));
-    EXPECT_EQ(1, ZuXmlSetSax2ParserCallbacksA(parser.handle(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                                              nullptr, nullptr));
+    EXPECT_EQ(1, ZuXmlSetSax2ParserCallbacksW(parser.handle(), record::StartDocumentW, nullptr, nullptr, nullptr,
+                                              nullptr, nullptr, nullptr, nullptr));
+    EXPECT_EQ(1, ZuXmlSetSax2ParserCallbacksA(parser.handle(), nullptr, record::EndDocumentA, nullptr, nullptr,
+                                              nullptr, nullptr, nullptr, nullptr));
+    ASSERT_EQ(1, parser.Load(file.path()));
+    EXPECT_EQ((Trace{"W:StartDocument()", "A:EndDocument()"}), parser.events());
 }
 
 TEST(CallbackTable, AllEntriesNullParsesTheDocumentAndCallsNothing) {
@@ -101,6 +104,12 @@ TEST(CallbackTable, CommentBeforeTheRootHasDepthZeroAndInsideItDepthOne) {
               }));
 }
 
+TEST(CallbackTable, CommentInsideTheRootArrivesBetweenItsTagsWithDepthOne) {
+    EXPECT_EQ((Trace{"W:StartDocument()", "W:StartElement(0,0,\"\",\"a\",\"a\")", "W:Comment(1,\" inside \")",
+                     "W:EndElement(0,\"\",\"a\",\"a\",\"\")", "W:EndDocument()"}),
+              TraceOf("<a><!-- inside --></a>", [](TracedParser &parser) { parser.SetAllW(); }));
+}
+
 TEST(CallbackTable, WithoutCommentEntriesNoCommentIsReported) {
     EXPECT_EQ((Trace{"W:StartDocument()", "A:EndDocument()"}),
               TraceOf("<!--out--><a><!--in--></a>", [](TracedParser &parser) {
@@ -125,6 +134,38 @@ TEST(CallbackTable, FatalErrorArrivesAsCode21WithXercesMessage) {
     EXPECT_EQ((Trace{"W:StartDocument()", "W:StartElement(0,0,\"\",\"a\",\"a\")",
                      "W:StartElement(1,0,\"\",\"b\",\"b\")", "W:Diagnostic(21,\"expected end of tag 'b'\")"}),
               TraceOf("<a><b></a>", [](TracedParser &parser) { parser.SetAllW(); }));
+}
+
+TEST(CallbackTable, WarningArrivesWithCode22AndFatalErrorWithCode21) {
+    // A second declaration of the same attribute is a warning; the missing
+    // end tag then a fatal error. With validation off, Xerces 3.2.4 reports
+    // no recoverable error (code 20) for any document: that code cannot be
+    // produced from a file.
+    EXPECT_EQ((Trace{"W:Diagnostic(22,\"attribute 'x' has already been declared for element 'a'\")",
+                     "W:Diagnostic(21,\"input ended before all started tags were ended; last tag started is 'a'\")"}),
+              TraceOf("<!DOCTYPE a [<!ATTLIST a x CDATA #IMPLIED><!ATTLIST a x CDATA #IMPLIED>]><a>",
+                      [](TracedParser &parser) {
+                          ZuXmlSetSax2ParserCallbacksW(parser.handle(), nullptr, nullptr, nullptr, nullptr, nullptr,
+                                                       nullptr, nullptr, record::DiagnosticW);
+                      }));
+}
+
+TEST(CallbackTable, WithoutDiagnosticEntriesProblemsAreNeitherReportedNorThrown) {
+    TempFile file("<!DOCTYPE a [<!ATTLIST a x CDATA #IMPLIED><!ATTLIST a x CDATA #IMPLIED>]><a><b></a>");
+    for (const int32_t mode : {0, 1}) {
+        TracedParser parser;
+        parser.SetAllW();
+        ZuXmlSetSax2ParserCallbacksW(parser.handle(), record::StartDocumentW, record::EndDocumentW,
+                                     record::StartElementW, nullptr, nullptr, record::EndElementW, nullptr, nullptr);
+        int32_t result = 0;
+        const std::string output = CaptureStdout([&] { result = parser.Load(file.path(), mode); });
+        EXPECT_EQ(1, result) << "mode " << mode;
+        EXPECT_EQ("", output) << "mode " << mode;
+        EXPECT_EQ((Trace{"W:StartDocument()", "W:StartElement(0,0,\"\",\"a\",\"a\")",
+                         "W:StartElement(1,0,\"\",\"b\",\"b\")"}),
+                  parser.events())
+            << "mode " << mode;
+    }
 }
 
 namespace {

@@ -82,12 +82,6 @@ TEST(ElementText, WithoutStartElementEntriesDepthStillRises) {
               }));
 }
 
-TEST(ElementText, CommentInsideTheRootHasDepthOne) {
-    EXPECT_EQ((Trace{"W:StartDocument()", "W:StartElement(0,0,\"\",\"a\",\"a\")", "W:Comment(1,\" inside \")",
-                     "W:EndElement(0,\"\",\"a\",\"a\",\"\")", "W:EndDocument()"}),
-              TraceOf("<a><!-- inside --></a>", [](TracedParser &parser) { parser.SetAllW(); }));
-}
-
 TEST(ElementText, ElementsNestedDeeperThanAHundredLevelsEachGetTheirOwnText) {
     constexpr int kLevels = 250;
     std::string document;
@@ -153,36 +147,4 @@ TEST(ElementText, NonBmpCharacterArrivesAsItsSurrogatePair) {
                                                KeepTextUnits, nullptr, nullptr);
               }));
     EXPECT_EQ((std::vector<ZuXmlWChar>{0xD83D, 0xDE00, 0x00E9}), g_LastText);
-}
-
-TEST(ElementText, WarningArrivesWithCode22AndFatalErrorWithCode21) {
-    // A second declaration of the same attribute is a warning; the missing
-    // end tag then a fatal error. With validation off, Xerces 3.2.4 reports
-    // no recoverable error (code 20) for any document: that code cannot be
-    // produced from a file.
-    EXPECT_EQ((Trace{"W:Diagnostic(22,\"attribute 'x' has already been declared for element 'a'\")",
-                     "W:Diagnostic(21,\"input ended before all started tags were ended; last tag started is 'a'\")"}),
-              TraceOf("<!DOCTYPE a [<!ATTLIST a x CDATA #IMPLIED><!ATTLIST a x CDATA #IMPLIED>]><a>",
-                      [](TracedParser &parser) {
-                          ZuXmlSetSax2ParserCallbacksW(parser.handle(), nullptr, nullptr, nullptr, nullptr, nullptr,
-                                                       nullptr, nullptr, record::DiagnosticW);
-                      }));
-}
-
-TEST(ElementText, WithoutDiagnosticEntriesProblemsAreNeitherReportedNorThrown) {
-    TempFile file("<!DOCTYPE a [<!ATTLIST a x CDATA #IMPLIED><!ATTLIST a x CDATA #IMPLIED>]><a><b></a>");
-    for (const int32_t mode : {0, 1}) {
-        TracedParser parser;
-        parser.SetAllW();
-        ZuXmlSetSax2ParserCallbacksW(parser.handle(), record::StartDocumentW, record::EndDocumentW,
-                                     record::StartElementW, nullptr, nullptr, record::EndElementW, nullptr, nullptr);
-        int32_t result = 0;
-        const std::string output = CaptureStdout([&] { result = parser.Load(file.path(), mode); });
-        EXPECT_EQ(1, result) << "mode " << mode;
-        EXPECT_EQ("", output) << "mode " << mode;
-        EXPECT_EQ((Trace{"W:StartDocument()", "W:StartElement(0,0,\"\",\"a\",\"a\")",
-                         "W:StartElement(1,0,\"\",\"b\",\"b\")"}),
-                  parser.events())
-            << "mode " << mode;
-    }
 }

@@ -1,0 +1,54 @@
+// The two forms in which the SAX2 handler hands Xerces' text to callbacks,
+// as policies of one set of event dispatchers (CZUXMLSax2Handler.cpp).
+//
+// Each form names its callback table, the string type in which an open
+// element's character data is gathered, and how a text of Xerces becomes
+// the form's text: Stable for names, URIs, types (texts a document repeats
+// throughout), Transient for values, comments and messages (good until the
+// next transient text); see CZUXMLNarrowCache for what the two promise.
+#pragma once
+
+#include <string>
+
+#include <xercesc/util/XercesDefs.hpp>
+
+#include "frame/wide.h"
+#include "sax2/CZUXMLNarrowCache.h"
+#include "sax2/Sax2CallbackTable.h"
+#include "sax2/layout_space.h"
+
+namespace zuxml {
+
+// Wide callbacks take Xerces' own text: a callback's strings need only live
+// until it returns, so Xerces' strings are handed over as they are and both
+// kinds of text are the same. Character data is gathered by the length
+// Xerces passes with it.
+struct WideForm {
+    using Table = Sax2CallbackTableW;
+    using Gathered = std::basic_string<XMLCh>;
+
+    static const ZuXmlWChar *Stable(CZUXMLNarrowCache &, const XMLCh *text) { return AsWide(text ? text : u""); }
+    static const ZuXmlWChar *Transient(CZUXMLNarrowCache &cache, const XMLCh *text) { return Stable(cache, text); }
+    static void Append(CZUXMLNarrowCache &, Gathered &slot, const XMLCh *chars, XMLSize_t length) {
+        slot.append(chars, length);
+    }
+    static const ZuXmlWChar *View(const Gathered &slot) { return AsWide(slot.c_str()); }
+};
+
+// Narrow callbacks take Xerces' text in its local code page, made by
+// XMLString::transcode (Xerces' own transcoder, not the C runtime's locale)
+// through the handler's cache. Runs of layout space in character data are
+// kept as stably as names; other character data is transient.
+struct NarrowForm {
+    using Table = Sax2CallbackTableA;
+    using Gathered = std::string;
+
+    static const char *Stable(CZUXMLNarrowCache &cache, const XMLCh *text) { return cache.Stable(text); }
+    static const char *Transient(CZUXMLNarrowCache &cache, const XMLCh *text) { return cache.Transient(text); }
+    static void Append(CZUXMLNarrowCache &cache, Gathered &slot, const XMLCh *chars, XMLSize_t) {
+        slot.append(IsLayoutSpace(chars) ? cache.Stable(chars) : cache.Transient(chars));
+    }
+    static const char *View(const Gathered &slot) { return slot.c_str(); }
+};
+
+} // namespace zuxml

@@ -11,6 +11,8 @@
 #   scripts/run.sh valgrind   the test programs under valgrind memcheck (ctest -T memcheck):
 #                             no error, no leak but the named ones of tests/valgrind.supp
 #   scripts/run.sh thread     the thread tests under ThreadSanitizer, with no report
+#   scripts/run.sh release    the source tarball, the Debian packages and the Windows zips in dist/
+#   scripts/run.sh release-check  each artifact of dist/ checked as a user meets it
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -67,8 +69,14 @@ case "${1:-}" in
     scripts/install-deps.sh libtsan2
     workflow thread
     ;;
+  release)
+    scripts/release/build.sh "${@:2}"
+    ;;
+  release-check)
+    scripts/release/check.sh "${@:2}"
+    ;;
   *)
-    echo "usage: $0 example|test|sanitize|fuzz|bench|bench-smoke|valgrind|thread" >&2
+    echo "usage: $0 example|test|sanitize|fuzz|bench|bench-smoke|valgrind|thread|release|release-check" >&2
     exit 2
     ;;
 esac

@@ -6,7 +6,8 @@
 #   bash scripts/spdx.sh --check   lists the files without it; fails if any
 #   bash scripts/spdx.sh --fix     adds the line where it is missing
 #
-# Source files are the C, C++, Python, shell and CMake files, the module
+# Source files are the C, C++, C#, Pascal, Python, shell and CMake files
+# (and the Python package's pyproject.toml), the module
 # definition, the linker version script and the templates CMake configures
 # (*.in); test data, corpora and documentation are not.
 set -euo pipefail
@@ -20,9 +21,9 @@ spdx_line() { # path
   name=${name%.in}
   case "$name" in
     *.c | *.h | *.map | *.rc) echo "/* $identifier */" ;;
-    *.cpp | *.hpp | *.cc) echo "// $identifier" ;;
+    *.cpp | *.hpp | *.cc | *.cs | *.pas) echo "// $identifier" ;;
     *.def) echo "; $identifier" ;;
-    *.py | *.sh | *.cmake | *.pc | CMakeLists.txt | Doxyfile) echo "# $identifier" ;;
+    *.py | *.sh | *.cmake | *.pc | *.toml | CMakeLists.txt | Doxyfile) echo "# $identifier" ;;
     *)
       # Extensionless scripts (.ci/run) are known by their "#!" line.
       if [[ "$name" != *.* ]] && head -c2 "$1" | grep -q '^#!'; then

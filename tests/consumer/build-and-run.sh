@@ -41,7 +41,7 @@ if [ -n "$prefix" ]; then
 fi
 [ "$(pkg-config --modversion zuxml)" = "$version" ] || { echo "pkg-config reports another version" >&2; exit 1; }
 libs=$(pkg-config --libs zuxml)
-[ "$(echo "$libs" | grep -o -- '-l[^ ]*')" = "-lzuxml" ] || { echo "pkg-config --libs says: $libs" >&2; exit 1; }
+[ "$(echo " $libs" | grep -oE -- ' -l[^ ]*' | tr -d ' ')" = "-lzuxml" ] || { echo "pkg-config --libs says: $libs" >&2; exit 1; }
 # shellcheck disable=SC2046 # the flags are meant to split
 "$cc" -std=c11 -Wall -Wextra -Werror -o "$work/consumer-pc" "$here/consumer.c" \
   $(pkg-config --cflags zuxml) $libs "${rpath[@]}"

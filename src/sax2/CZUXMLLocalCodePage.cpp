@@ -134,4 +134,26 @@ void CZUXMLLocalCodePage::Append(const XMLCh *text, size_t length, CZUXMLNarrowT
 #endif
 }
 
+void CZUXMLLocalCodePage::AppendTerminated(const XMLCh *text, CZUXMLNarrowText &out) const {
+    if (!m_bUtf8) {
+        AppendTranscoded(text, out);
+        return;
+    }
+    // A block of room at a time; the copy stops at the terminator or at the
+    // first unit that is not ASCII, and what follows that unit is measured
+    // and converted as a whole.
+    constexpr size_t kBlock = 64;
+    size_t copied = kBlock;
+    while (copied == kBlock) {
+        char *const bytes = out.Reserve(kBlock);
+        copied = 0;
+        for (XMLCh unit = text[0]; copied < kBlock && unit != 0 && unit < kFirstNonAscii; unit = text[++copied])
+            bytes[copied] = static_cast<char>(unit);
+        out.Commit(copied);
+        text += copied;
+    }
+    if (*text)
+        Append(text, XMLString::stringLen(text), out);
+}
+
 } // namespace zuxml

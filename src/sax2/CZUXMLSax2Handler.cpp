@@ -107,7 +107,7 @@ void CZUXMLSax2Handler::OnStartElement(const typename Form::Table &table, const 
         const auto szAttrUri = Form::Stable(m_Narrow, attrs.getURI(index));
         const auto szAttrLocalName = Form::Stable(m_Narrow, attrs.getLocalName(index));
         const auto szAttrQName = Form::Stable(m_Narrow, attrs.getQName(index));
-        const auto szType = Form::Stable(m_Narrow, attrs.getType(index));
+        const auto szType = Form::Type(m_Narrow, attrs.getType(index));
         const auto szValue = Form::Transient(m_Narrow, attrs.getValue(index));
         table.pAttribute(m_pParser, m_pContext, m_nDepth, static_cast<int32_t>(index), szAttrUri, szAttrLocalName,
                          szAttrQName, szType, szValue);

@@ -3,9 +3,10 @@
 //
 // Each form names its callback table, the string type in which an open
 // element's character data is gathered, and how a text of Xerces becomes
-// the form's text: Stable for names, URIs, types (texts a document repeats
-// throughout), Transient for values, comments and messages (good until the
-// next transient text); see CZUXMLNarrowCache for what the two promise.
+// the form's text: Stable for names and URIs, Type for attribute types
+// (texts a document repeats throughout), Transient for values, comments
+// and messages (good until the next transient text); see
+// CZUXMLNarrowCache for what the three promise.
 #pragma once
 
 #include <string>
@@ -27,6 +28,7 @@ struct WideForm {
     using Gathered = std::basic_string<XMLCh>;
 
     static const ZuXmlWChar *Stable(CZUXMLNarrowCache &, const XMLCh *text) { return AsWide(text ? text : u""); }
+    static const ZuXmlWChar *Type(CZUXMLNarrowCache &cache, const XMLCh *text) { return Stable(cache, text); }
     static const ZuXmlWChar *Transient(CZUXMLNarrowCache &cache, const XMLCh *text) { return Stable(cache, text); }
     static void Append(CZUXMLNarrowCache &, Gathered &slot, const XMLCh *chars, XMLSize_t length) {
         slot.append(chars, length);
@@ -43,6 +45,7 @@ struct NarrowForm {
     using Gathered = CZUXMLNarrowText;
 
     static const char *Stable(CZUXMLNarrowCache &cache, const XMLCh *text) { return cache.Stable(text); }
+    static const char *Type(CZUXMLNarrowCache &cache, const XMLCh *text) { return cache.Type(text); }
     static const char *Transient(CZUXMLNarrowCache &cache, const XMLCh *text) { return cache.Transient(text); }
     static void Append(CZUXMLNarrowCache &cache, Gathered &slot, const XMLCh *chars, XMLSize_t length) {
         cache.Gather(slot, chars, length);

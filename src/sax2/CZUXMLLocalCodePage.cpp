@@ -116,8 +116,13 @@ void CZUXMLLocalCodePage::Append(const XMLCh *text, size_t length, CZUXMLNarrowT
     // Room for the longest form, three bytes a unit. Runs split only at
     // ASCII units, so no surrogate pair is ever split.
     char *const bytes = out.Reserve(3 * length);
-    size_t used = 0;
-    size_t done = 0;
+    size_t used = CopyAscii(text, length, bytes);
+    size_t done = used;
+    // Most text is ASCII alone.
+    if (done == length) {
+        out.Commit(used);
+        return;
+    }
     while (done < length) {
         const size_t ascii = CopyAscii(text + done, length - done, bytes + used);
         done += ascii;

@@ -63,8 +63,10 @@ const char *CZUXMLNarrowCache::Stable(const XMLCh *text) {
     // The empty text (no namespace) is common and needs no look-up.
     if (!text || !*text)
         return "";
+    // The first unit joins the address in choosing the entries to try, so
+    // that the names a reused buffer holds in turn are mostly found first.
     const uintptr_t address = reinterpret_cast<uintptr_t>(text);
-    ByAddress &recent = m_aByAddress[(address >> 4 ^ address >> 10) % kAddresses];
+    ByAddress &recent = m_aByAddress[(address >> 4 ^ address >> 10 ^ text[0]) % kAddresses];
     for (const Way &way : recent.way)
         if (way.address == text && Matches(text, way.kept, way.length))
             return way.narrow;

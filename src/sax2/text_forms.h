@@ -1,11 +1,11 @@
 // The two forms in which the SAX2 handler hands Xerces' text to callbacks,
 // as policies of one set of event dispatchers (CZUXMLSax2Handler.cpp).
 //
-// Each form names its callback table, the string type in which an open
-// element's character data is gathered, and how a text of Xerces becomes
-// the form's text: Stable for names and URIs, Type for attribute types
-// (texts a document repeats throughout), Transient for values, comments
-// and messages (good until the next transient text); see
+// Each form names its callback table, the type of its texts, the string
+// type in which an open element's character data is gathered, and how a
+// text of Xerces becomes the form's text: Stable for names and URIs, Type
+// for attribute types (texts a document repeats throughout), Transient for
+// values, comments and messages (good until the next transient text); see
 // CZUXMLNarrowCache for what the three promise.
 #pragma once
 
@@ -25,6 +25,7 @@ namespace zuxml {
 // Xerces passes with it.
 struct WideForm {
     using Table = Sax2CallbackTableW;
+    using Text = const ZuXmlWChar *;
     using Gathered = std::basic_string<XMLCh>;
 
     static const ZuXmlWChar *Stable(CZUXMLNarrowCache &, const XMLCh *text) { return AsWide(text ? text : u""); }
@@ -42,6 +43,7 @@ struct WideForm {
 // Xerces passes with it.
 struct NarrowForm {
     using Table = Sax2CallbackTableA;
+    using Text = const char *;
     using Gathered = CZUXMLNarrowText;
 
     static const char *Stable(CZUXMLNarrowCache &cache, const XMLCh *text) { return cache.Stable(text); }

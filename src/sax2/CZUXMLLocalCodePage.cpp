@@ -117,8 +117,13 @@ void CZUXMLLocalCodePage::Append(const XMLCh *text, [[maybe_unused]] size_t leng
     // Room for the longest form, three bytes a unit. Runs split only at
     // ASCII units, so no surrogate pair is ever split.
     char *const bytes = out.Reserve(3 * length);
-    size_t used = 0;
-    size_t done = 0;
+    size_t used = CopyAscii(text, length, bytes);
+    size_t done = used;
+    // Most text is ASCII alone.
+    if (done == length) {
+        out.Commit(used);
+        return;
+    }
     while (done < length) {
         const size_t ascii = CopyAscii(text + done, length - done, bytes + used);
         done += ascii;
@@ -133,6 +138,28 @@ void CZUXMLLocalCodePage::Append(const XMLCh *text, [[maybe_unused]] size_t leng
     }
     out.Commit(used);
 #endif
+}
+
+void CZUXMLLocalCodePage::AppendTerminated(const XMLCh *text, CZUXMLNarrowText &out) const {
+    if (!m_bUtf8) {
+        AppendTranscoded(text, out);
+        return;
+    }
+    // A block of room at a time; the copy stops at the terminator or at the
+    // first unit that is not ASCII, and what follows that unit is measured
+    // and converted as a whole.
+    constexpr size_t kBlock = 64;
+    size_t copied = kBlock;
+    while (copied == kBlock) {
+        char *const bytes = out.Reserve(kBlock);
+        copied = 0;
+        for (XMLCh unit = text[0]; copied < kBlock && unit != 0 && unit < kFirstNonAscii; unit = text[++copied])
+            bytes[copied] = static_cast<char>(unit);
+        out.Commit(copied);
+        text += copied;
+    }
+    if (*text)
+        Append(text, XMLString::stringLen(text), out);
 }
 
 } // namespace zuxml

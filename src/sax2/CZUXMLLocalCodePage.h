@@ -55,6 +55,10 @@ public:
     // there, at its terminator) to out: the bytes XMLString::transcode
     // gives for that text, none for text it cannot convert.
     void Append(const XMLCh *text, size_t length, CZUXMLNarrowText &out) const;
+    // The same for a text whose length is not known: on the direct route
+    // its ASCII is copied while its terminator is looked for, so that a
+    // short text is read once rather than measured first.
+    void AppendTerminated(const XMLCh *text, CZUXMLNarrowText &out) const;
 
     // Whether texts take the direct route; otherwise each text costs a call
     // of Xerces' transcoder, and what recurs is worth keeping.

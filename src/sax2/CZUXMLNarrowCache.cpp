@@ -3,6 +3,7 @@
 #include <cstring>
 #include <utility>
 
+#include <xercesc/framework/XMLAttDef.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLString.hpp>
 
@@ -21,11 +22,19 @@ void Transcode(const XMLCh *text, std::string &narrow) {
         XMLString::release(&bytes, XMLPlatformUtils::fgMemoryManager);
 }
 
-// Whether text is exactly kept. Stops at the first unit that differs, so
-// it reads no further into text than its terminator.
-bool Matches(const XMLCh *text, const std::basic_string<XMLCh> &kept) {
-    const size_t length = kept.size();
-    for (size_t i = 0; i < length; ++i)
+// Whether text is exactly the kept one, whose length units are none of
+// them zero. Each unit of text is read only once the ones before it have
+// matched, so a shorter text ends the comparison at its terminator and
+// nothing past that is read. Four units a step: names and URIs are mostly
+// longer than that.
+bool Matches(const XMLCh *text, const XMLCh *kept, size_t length) {
+    size_t i = 0;
+    for (; i + 4 <= length; i += 4) {
+        if (text[i] != kept[i] || text[i + 1] != kept[i + 1] || text[i + 2] != kept[i + 2] ||
+            text[i + 3] != kept[i + 3])
+            return false;
+    }
+    for (; i < length; ++i)
         if (text[i] != kept[i])
             return false;
     return text[length] == 0;
@@ -44,19 +53,38 @@ size_t SlotHash(std::basic_string_view<XMLCh> text) {
 
 } // namespace
 
+CZUXMLNarrowCache::CZUXMLNarrowCache() {
+    static_assert(kTypes == XMLAttDef::AttTypes_Count, "one kept name for each of Xerces' attribute types");
+    for (size_t type = 0; type < kTypes; ++type)
+        m_aTypeNames[type] = XMLAttDef::getAttTypeString(static_cast<XMLAttDef::AttTypes>(type));
+}
+
 const char *CZUXMLNarrowCache::Stable(const XMLCh *text) {
-    if (!text)
+    // The empty text (no namespace) is common and needs no look-up.
+    if (!text || !*text)
         return "";
+    // The first unit joins the address in choosing the entries to try, so
+    // that the names a reused buffer holds in turn are mostly found first.
     const uintptr_t address = reinterpret_cast<uintptr_t>(text);
-    ByAddress &recent = m_aByAddress[(address >> 4 ^ address >> 10) % kAddresses];
-    for (size_t way = 0; way < ByAddress::kWays; ++way)
-        if (recent.address[way] == text && Matches(text, recent.entry[way]->text))
-            return recent.entry[way]->narrow.c_str();
+    ByAddress &recent = m_aByAddress[(address >> 4 ^ address >> 10 ^ text[0]) % kAddresses];
+    for (const Way &way : recent.way)
+        if (way.address == text && Matches(text, way.kept, way.length))
+            return way.narrow;
     const Entry &entry = Find(text);
-    recent.address[recent.next] = text;
-    recent.entry[recent.next] = &entry;
+    recent.way[recent.next] = Way{text, entry.text.c_str(), entry.text.size(), entry.narrow.c_str()};
     recent.next = (recent.next + 1) % ByAddress::kWays;
     return entry.narrow.c_str();
+}
+
+const char *CZUXMLNarrowCache::Type(const XMLCh *text) {
+    for (size_t type = 0; type < kTypes; ++type) {
+        if (text == m_aTypeNames[type]) {
+            if (!m_aTypeNarrow[type])
+                m_aTypeNarrow[type] = Stable(text);
+            return m_aTypeNarrow[type];
+        }
+    }
+    return Stable(text);
 }
 
 const CZUXMLNarrowCache::Entry &CZUXMLNarrowCache::Find(const XMLCh *text) {
@@ -76,7 +104,7 @@ const char *CZUXMLNarrowCache::Transient(const XMLCh *text) {
         return "";
     if (m_CodePage.IsDirect()) {
         m_Direct.clear();
-        m_CodePage.Append(text, XMLString::stringLen(text), m_Direct);
+        m_CodePage.AppendTerminated(text, m_Direct);
         return m_Direct.c_str();
     }
     const Key key(text);

@@ -19,6 +19,10 @@
 //              transcoded once and kept; what is handed out lives as long
 //              as the cache (one load). Such texts are few where elements
 //              are many, so the store stays small.
+//   Type       an attribute's type: Stable, with Xerces' own names of the
+//              attribute types known by their address. Those are constant
+//              arrays of Xerces (XMLAttDef::getAttTypeString), whose text
+//              cannot change, so their address alone identifies them.
 //   Transient  attribute values, comments, messages and character data,
 //              which repeat often (enumerations, numbers, flags) but not
 //              always. On the direct route (CZUXMLLocalCodePage) they are
@@ -48,7 +52,10 @@ namespace zuxml {
 
 class CZUXMLNarrowCache {
 public:
+    CZUXMLNarrowCache();
+
     const char *Stable(const XMLCh *text);
+    const char *Type(const XMLCh *text);
     const char *Transient(const XMLCh *text);
     // Appends the narrow form of a piece of character data (length units,
     // where its terminator stands) to an element's text.
@@ -74,10 +81,17 @@ private:
     // of names and URIs, and the attribute buffers it reuses from element
     // to element), so the last few entries found for an address are tried
     // first. Their text is compared: a reused buffer holds other names.
+    struct Way {
+        const XMLCh *address = nullptr;
+        // The entry's text, its length and its narrow form, held here so
+        // that a hit reads nothing but the text it compares.
+        const XMLCh *kept = nullptr;
+        size_t length = 0;
+        const char *narrow = nullptr;
+    };
     struct ByAddress {
         static constexpr size_t kWays = 4;
-        const XMLCh *address[kWays] = {};
-        const Entry *entry[kWays] = {};
+        Way way[kWays];
         size_t next = 0;
     };
     static constexpr size_t kAddresses = 64;
@@ -93,6 +107,12 @@ private:
     static constexpr size_t kLongest = 64;
 
     const Entry &Find(const XMLCh *text);
+
+    // Xerces' names of the attribute types, by type, and where their
+    // narrow forms are kept once asked for.
+    static constexpr size_t kTypes = 14;
+    const XMLCh *m_aTypeNames[kTypes] = {};
+    const char *m_aTypeNarrow[kTypes] = {};
 
     ByAddress m_aByAddress[kAddresses];
     // Keys view the texts held by the entries; a deque never moves them.

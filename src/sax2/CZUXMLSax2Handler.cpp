@@ -92,12 +92,22 @@ void CZUXMLSax2Handler::startElement(const XMLCh *uri, const XMLCh *localname, c
     });
 }
 
+// Xerces hands an unprefixed name over as one text for both the local and
+// the qualified name. Between the two readings no caller code runs and
+// Xerces' const accessors change no text, so the same address holds the
+// same text, whose form was just made.
+template <class Form>
+typename Form::Text CZUXMLSax2Handler::SameOrStable(const XMLCh *text, const XMLCh *converted,
+                                                   typename Form::Text form) {
+    return text == converted ? form : Form::Stable(m_Narrow, text);
+}
+
 template <class Form>
 void CZUXMLSax2Handler::OnStartElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname,
                                        const XMLCh *qname, const Attributes &attrs) {
     const auto szUri = Form::Stable(m_Narrow, uri);
     const auto szLocalName = Form::Stable(m_Narrow, localname);
-    const auto szQName = Form::Stable(m_Narrow, qname);
+    const auto szQName = SameOrStable<Form>(qname, localname, szLocalName);
     const XMLSize_t count = attrs.getLength();
     if (table.pStartElement)
         table.pStartElement(m_pParser, m_pContext, m_nDepth, static_cast<int32_t>(count), szUri, szLocalName,
@@ -105,9 +115,10 @@ void CZUXMLSax2Handler::OnStartElement(const typename Form::Table &table, const 
     // Attributes are read only for a caller who hears of them.
     for (XMLSize_t index = 0; table.pAttribute && index < count; ++index) {
         const auto szAttrUri = Form::Stable(m_Narrow, attrs.getURI(index));
-        const auto szAttrLocalName = Form::Stable(m_Narrow, attrs.getLocalName(index));
-        const auto szAttrQName = Form::Stable(m_Narrow, attrs.getQName(index));
-        const auto szType = Form::Stable(m_Narrow, attrs.getType(index));
+        const XMLCh *const attrLocalName = attrs.getLocalName(index);
+        const auto szAttrLocalName = Form::Stable(m_Narrow, attrLocalName);
+        const auto szAttrQName = SameOrStable<Form>(attrs.getQName(index), attrLocalName, szAttrLocalName);
+        const auto szType = Form::Type(m_Narrow, attrs.getType(index));
         const auto szValue = Form::Transient(m_Narrow, attrs.getValue(index));
         table.pAttribute(m_pParser, m_pContext, m_nDepth, static_cast<int32_t>(index), szAttrUri, szAttrLocalName,
                          szAttrQName, szType, szValue);
@@ -138,7 +149,7 @@ void CZUXMLSax2Handler::OnEndElement(const typename Form::Table &table, const XM
                                      const XMLCh *qname) {
     const auto szUri = Form::Stable(m_Narrow, uri);
     const auto szLocalName = Form::Stable(m_Narrow, localname);
-    const auto szQName = Form::Stable(m_Narrow, qname);
+    const auto szQName = SameOrStable<Form>(qname, localname, szLocalName);
     table.pEndElement(m_pParser, m_pContext, m_nDepth, szUri, szLocalName, szQName,
                       Form::View(Gathered<Form>().At(m_nDepth)));
 }

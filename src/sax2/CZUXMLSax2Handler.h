@@ -67,6 +67,10 @@ private:
                         const xercesc::Attributes &attrs);
     template <class Form>
     void OnEndElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname, const XMLCh *qname);
+    // The form of text, or the form already made of converted when that is
+    // the same address.
+    template <class Form>
+    typename Form::Text SameOrStable(const XMLCh *text, const XMLCh *converted, typename Form::Text form);
     template <class Form> void OnComment(const typename Form::Table &table, const XMLCh *chars);
     template <class Form>
     void OnDiagnostic(const typename Form::Table &table, int32_t nCode, const xercesc::SAXParseException &exc);

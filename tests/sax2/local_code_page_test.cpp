@@ -1,5 +1,6 @@
 // The narrow form of SAX2 text is what Xerces' own transcoder gives: the
-// direct route (ASCII copied, the rest through ICU) is held against
+// direct route (ASCII copied, the rest through ICU), for texts measured by
+// their length and by their terminator, is held against
 // XMLString::transcode over every code unit and code point of Unicode, in
 // every position of the eight-unit blocks the ASCII copy works in, and
 // next to the unpaired surrogates that only broken UTF-16 can carry. The
@@ -25,11 +26,18 @@ std::string Transcoded(const Units &text) {
     return narrow;
 }
 
-// Appended after a text already held, which must stay as it was.
-std::string Appended(const zuxml::CZUXMLLocalCodePage &codePage, const Units &text) {
+// Appended after a text already held, which must stay as it was: by the
+// text's length, or up to its terminator.
+enum class Measure { ByLength, ByTerminator };
+
+std::string Appended(const zuxml::CZUXMLLocalCodePage &codePage, const Units &text,
+                     Measure measure = Measure::ByLength) {
     zuxml::CZUXMLNarrowText narrow;
     codePage.Append(u"kept:", 5, narrow);
-    codePage.Append(text.c_str(), text.size(), narrow);
+    if (measure == Measure::ByLength)
+        codePage.Append(text.c_str(), text.size(), narrow);
+    else
+        codePage.AppendTerminated(text.c_str(), narrow);
     const std::string all(narrow.c_str(), narrow.size());
     EXPECT_EQ(all.compare(0, 5, "kept:"), 0) << "what the text held stays";
     EXPECT_EQ(std::char_traits<char>::length(narrow.c_str()), narrow.size()) << "terminated where it ends";
@@ -57,9 +65,12 @@ protected:
     // Fails the test once with the text, not once per unit.
     void ExpectSame(const Units &text) {
         const std::string expected = Transcoded(text);
-        const std::string got = Appended(m_CodePage, text);
-        if (got != expected && m_nFailures++ < 5)
-            ADD_FAILURE() << "text" << Shown(text.substr(0, 40));
+        for (Measure measure : {Measure::ByLength, Measure::ByTerminator}) {
+            const std::string got = Appended(m_CodePage, text, measure);
+            if (got != expected && m_nFailures++ < 5)
+                ADD_FAILURE() << (measure == Measure::ByLength ? "by length," : "by terminator,") << " text"
+                              << Shown(text.substr(0, 40));
+        }
     }
 
     zuxml::CZUXMLLocalCodePage m_CodePage;
@@ -114,8 +125,9 @@ TEST_F(LocalCodePage, UnpairedSurrogatesNextToAsciiAndToOtherText) {
     EXPECT_EQ(m_nFailures, 0);
 }
 
-// The ASCII copy works eight units at a time: non-ASCII text at every
-// offset of a block and at every length around the block size.
+// The ASCII copy works eight units at a time, and a text measured by its
+// terminator is copied into room made 64 bytes at a time: non-ASCII text at
+// every offset of a block and at every length around both block sizes.
 TEST_F(LocalCodePage, NonAsciiAtEveryPositionOfTheAsciiBlocks) {
     const Units others[] = {u"\u0080", u"\u00ff", u"\u0100", u"\u07ff", u"\u0800", u"\uffff", Pair(0x10FFFF),
                             u"\xDC00"};
@@ -127,6 +139,14 @@ TEST_F(LocalCodePage, NonAsciiAtEveryPositionOfTheAsciiBlocks) {
         for (const Units &other : others)
             for (size_t at = 0; at <= length; ++at)
                 ExpectSame(ascii.substr(0, at) + other + ascii.substr(at));
+    }
+    for (size_t length = 56; length <= 200; ++length) {
+        const Units ascii(length, u'k');
+        ExpectSame(ascii);
+        for (const Units &other : others)
+            for (size_t at : {length - 1, length, size_t{63}, size_t{64}, size_t{65}, size_t{127}, size_t{128}})
+                if (at <= length)
+                    ExpectSame(ascii.substr(0, at) + other + ascii.substr(at));
     }
     // Every ASCII unit, control characters included.
     Units all;

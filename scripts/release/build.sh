@@ -21,7 +21,7 @@ root=$(pwd)
 windows=$(mkdir -p "${1:-build-windows}" && cd "${1:-build-windows}" && pwd)
 version=$(cmake -P cmake/version.cmake)
 dist=$root/dist
-stage=$root/build-release
+stage=$root/build-dist
 jobs=${ZUXML_JOBS:-2}
 started=$SECONDS
 

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // What the benchmark families of zuxml_bench share: the documents, the
 // documents loaded once for the paths that read them, and the entry points
 // that main.cpp registers under fixed names.

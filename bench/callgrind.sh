@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Instruction counts of ZuXml against raw Xerces, which do not depend on the
 # load of the machine: each benchmark matching FILTER runs a fixed number of
 # iterations under callgrind (one on the large documents), only the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The benchmark documents, read once from the corpus directory.
 #include <cstdlib>
 #include <fstream>

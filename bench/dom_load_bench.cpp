@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // DOM loading: a document parsed from its bytes in memory, through
 // ZuXmlLoadFromBufA and through a raw DOM parser configured as ZuXml's; and
 // the documents loaded once for the paths that read them.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // DOM walking: every node of a loaded document visited, the name and the
 // text of each element read into a caller buffer, through ZuXml's getters
 // and through Xerces' nodes.

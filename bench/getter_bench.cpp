@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One getter call on a short name, the first child element of the small
 // document's root, wide and narrow, through ZuXml and through Xerces.
 #include <algorithm>

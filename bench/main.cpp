@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // ZuXml against raw Xerces-C++, in one process and one run.
 //
 // Every path is measured twice under one name, "<path>/<document>/zuxml" and

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """Writes the benchmark documents, the same bytes on every run.
 
     make_corpus.py OUTPUT_DIR [record|text|small]...

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // The console output as usual, and at the end ZuXml / raw for every pair:
 // the medians when the runs were repeated, else the single runs.
 #pragma once

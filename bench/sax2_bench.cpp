@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // SAX2: one streaming load of a document, every string of every event read,
 // through ZuXml's wide or narrow callback table and through a raw Xerces
 // handler that reads the same strings.

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // The reporter of both benchmark programs: the console output as usual,
 // and for the summary each program prints after its runs, the runs it
 // reads: the median of repeated runs, or each run when runs are not

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Writing a whole loaded document into a string: ZuXmlWriteToStringW into a
 // buffer of the size a first call reported, the two calls of a caller who
 // asks for the length first, and a raw Xerces serializer.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Writing a whole loaded document to a file: ZuXmlWriteNoPrettyW, which first
 // makes sure the serializer can finish (one walk over the nodes it writes),
 // and a raw Xerces serializer with a local file target. The output goes to

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Thread scaling: N threads (1, 2) each doing whole operations on handles
 // of their own, as the library allows (a handle is used by one thread at a
 // time, different handles by different threads). Throughput is the

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Every binding declares exactly the functions of exports/ZUXML.def: the
 Python prototypes, the .NET entry points and the Pascal unit with its
 ordinals; the Pascal unit's version is the header's."""

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Install rules: the header, the shared library with its SONAME link, a
 # pkg-config file and a CMake config package exporting zuxml::zuxml. The
 # build tree is a CMake package too: another build finds zuxml::zuxml there

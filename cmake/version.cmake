@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # The version of ZuXml lives in the version macros of include/zuxml.h alone.
 # Included, this sets ZUXML_VERSION_MAJOR, _MINOR, _PATCH and ZUXML_VERSION;
 # run as a script (cmake -P cmake/version.cmake) it prints ZUXML_VERSION, for

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Writes the ELF version script of libzuxml.so from exports/ZUXML.def: every
 # name of the table, ordinals dropped, a second name bound to a function
 # ("X = Y") exported as its own symbol. ZUXML_VERSION_SCRIPT names the file;

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 /*
  * zuxml_build - builds a small document, writes it indented to a file, loads
  * the file back into a second handle and prints it as one string.

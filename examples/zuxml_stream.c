@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 /*
  * zuxml_stream - prints the SAX2 events of an XML file, indented by depth.
  *

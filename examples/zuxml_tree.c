@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 /*
  * zuxml_tree: prints the element tree of an XML file with each element's
  * attribute count and its own text, using nothing but the ZuXml interface.

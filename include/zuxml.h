@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 /**
  * \file zuxml.h
  * \brief The one public interface of ZuXml.

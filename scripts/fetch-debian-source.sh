@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Fetches and unpacks a Debian source package (Debian's patches applied by
 # dpkg-source) into a directory, without touching the machine's apt setup:
 # the deb-src lines are a twin of the machine's own deb lines (the same

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Installs the Debian packages the build and the tests need, when missing.
 # Run as root on Debian 12; does nothing when everything is there.
 set -euo pipefail

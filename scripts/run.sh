@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # One command for each way of building ZuXml on a fresh Debian 12 machine.
 # Each installs what is missing, then runs the CMake workflow preset of the
 # same name (CMakePresets.json):

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Every source file of ZuXml opens with its licence identifier, in the
 # comment syntax of its language, on the first line (the second after a
 # "#!" line):

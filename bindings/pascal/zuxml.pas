@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 { ZuXml for Free Pascal and Delphi: the 65 functions of the library with the
   types of include/zuxml.h. Compiles in the Delphi and the ObjFPC modes.
 

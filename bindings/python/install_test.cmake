@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Installs the package the way a user does, offline and with the build tools
 # already on the machine, into a directory of its own, then runs the tests
 # against the installed copy rather than the source tree.

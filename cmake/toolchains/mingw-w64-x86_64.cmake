@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Cross build for 64-bit Windows with Debian's MinGW-w64 toolchain
 # (g++-mingw-w64-x86-64-posix: the posix thread model, so std::thread works),
 # linked against the Universal C runtime (ucrtbase.dll through the

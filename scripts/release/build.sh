@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Builds the release of ZuXml into dist/, V being the version of zuxml.h:
 #
 #   zuxml-V.tar.gz                 the source tree under zuxml-V/ (HEAD, no .git)

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Checks the release in DIST (default dist/) as a user meets each artifact,
 # as root on Debian 12:
 #

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # The Windows build of ZuXml, cross-compiled on Debian 12 and tested under
 # Wine, in one command (as root; installs the Debian packages it lacks):
 #

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Builds the two libraries ZuXml's Windows build needs, for 64-bit Windows
 # with Debian's MinGW-w64 toolchain, each into a prefix that a second run
 # keeps:

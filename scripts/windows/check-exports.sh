@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Checks ZUXML.dll's export table against exports/ZUXML.def: exactly the
 # names of the module definition, each at its ordinal, and every "X = Y"
 # name at the same address as Y. (What the DLL loads is checked by

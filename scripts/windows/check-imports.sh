@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Checks the DLLs that Windows modules of the build load: Windows' own
 # kernel32.dll and advapi32.dll (where Xerces' transcoder reads the list of
 # code pages from the registry), the Universal C runtime (ucrtbase.dll through its

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Runs a Windows program of the cross build under wine64: the emulator that
 # CMake and CTest put in front of every test program.
 #

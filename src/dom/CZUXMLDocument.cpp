@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The document object: its contents, creating a document for writing, and
 // loading one from a file, bytes or UTF-16 text.
 #include "dom/CZUXMLDocument.h"

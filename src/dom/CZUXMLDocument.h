@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // The object behind a document handle.
 //
 // It holds at most one Xerces DOM document. A document built here (create

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Entry points: counting, reading, adding, changing and removing attributes.
 #include "dom/entry.h"
 #include "frame/narrow.h"

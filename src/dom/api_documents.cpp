@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Entry points: creating, loading and (through the shared release entry)
 // destroying documents.
 #include <memory>

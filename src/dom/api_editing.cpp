@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Entry points: adding, copying and removing nodes, and replacing text.
 #include "dom/entry.h"
 #include "frame/narrow.h"

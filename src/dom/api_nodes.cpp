@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Entry points: node navigation and node properties.
 #include "dom/entry.h"
 #include "frame/narrow.h"

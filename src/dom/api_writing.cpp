@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Entry points: writing a document to a file or into a caller's buffer.
 #include "dom/entry.h"
 #include "frame/narrow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Attributes of an element, by position in Xerces' attribute map or by
 // qualified name (the DOM's non-namespace accessors: "p:a" and "a" differ).
 // A node that is not an element has no attributes to offer: every

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Node editing. Only Xerces' DOMException is caught, and only around the
 // steps that may raise it; a node made for an add that then fails is
 // released, so no detached node is left behind.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Node navigation and node properties. Node handles are Xerces' own nodes;
 // the document only proves that a document is there and stands in for the
 // root element where a NULL node means the root.

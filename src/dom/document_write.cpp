@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Serialisation with Xerces' DOM serializer, left at its defaults but for
 // indentation of files.
 #include "dom/CZUXMLDocument.h"

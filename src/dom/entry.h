@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // What the DOM entry points share beyond the boundary helper: node handles
 // as the Xerces nodes they are, and the getters of text about a node.
 #pragma once

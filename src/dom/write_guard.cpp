@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The check before a file write: one walk over the nodes the serializer
 // writes, reading only the strings that reach its transcoder unchecked.
 #include "dom/write_guard.h"

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // Documents that Xerces' serializer cannot finish writing to a file.
 #pragma once
 

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // The common base of every object a caller holds a handle to.
 //
 // Documents and SAX2 parsers are released through one entry point

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // The narrow file name of a SAX2 load (ZuXmlSax2LoadFromFileA) in Xerces'
 // own text: a Xerces copy of the narrow name, turned into XMLCh by Xerces'
 // local code page transcoder when first asked for. Both copies are made and

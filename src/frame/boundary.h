@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // The one shape of an entry point that works on a handle.
 //
 // An entry point calls one method of the object behind its handle, or

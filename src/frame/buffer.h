@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // The caller-buffer protocol, written once for every getter of text.
 //
 // A getter's operation produces a TextResult; the wide entry point hands it

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Lifecycle entries: Xerces start and stop, and the one release entry for
 // every kind of handle.
 #include "zuxml.h"

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // Narrow (locale multibyte) text at the interface: the one conversion of
 // narrow arguments to UTF-16 and the one conversion of UTF-16 results into
 // a caller's narrow buffer. Both go through the C runtime's current locale.

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // The interface's wide text is Xerces' own: 16-bit UTF-16 units, declared
 // as wchar_t on Windows and char16_t elsewhere. Xerces' XMLCh is one of the
 // two, so the units pass through unchanged; only the pointer type differs.

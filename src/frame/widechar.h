@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // The bridge between the C runtime's wchar_t and UTF-16 code units.
 //
 // The narrow forms convert through the C runtime's mbstowcs/wcstombs, which

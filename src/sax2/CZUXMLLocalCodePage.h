@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // Xerces' local code page: the form of every narrow SAX2 text.
 //
 // Narrow events carry what XMLString::transcode gives, Xerces' local code

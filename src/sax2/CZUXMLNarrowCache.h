@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // The narrow forms of the texts a SAX2 load hands to narrow callbacks: the
 // bytes of XMLString::transcode (Xerces' local code page transcoder, not the
 // C runtime's locale), made by CZUXMLLocalCodePage and, where each text

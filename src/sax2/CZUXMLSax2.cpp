@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "sax2/CZUXMLSax2.h"
 
 #include <iostream>

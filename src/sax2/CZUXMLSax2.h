@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // The object behind a SAX2 parser handle.
 //
 // It keeps the caller's context and callback tables and streams files

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // The Xerces SAX2 handler of one streaming load.
 //
 // It turns Xerces' content, lexical and error events into calls of the

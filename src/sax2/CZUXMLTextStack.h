@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // The character data of every open element of a SAX2 load, one slot per
 // depth.
 //

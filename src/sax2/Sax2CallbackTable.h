@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // The caller's eight SAX2 callbacks, in the order the setters take them.
 //
 // There is one table of wide callbacks and one of narrow callbacks, alike

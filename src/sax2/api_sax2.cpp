@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // SAX2 streaming entries: each calls one method of the parser object behind
 // its handle, or answers its failure value for a NULL handle.
 #include "zuxml.h"

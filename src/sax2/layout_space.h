@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // Which character data is layout: the short runs of white space (line
 // breaks and indentation) that recur as often as a document's names do, so
 // that their narrow form is kept with the names' (CZUXMLNarrowCache::Stable).

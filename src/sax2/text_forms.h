@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // The two forms in which the SAX2 handler hands Xerces' text to callbacks,
 // as policies of one set of event dispatchers (CZUXMLSax2Handler.cpp).
 //

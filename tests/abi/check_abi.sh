@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: Apache-2.0
 # Compares the built library's exported interface with the committed
 # baseline: any change (a function added, removed, or given another
 # signature, or a public type changed) fails.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Builds and runs consumer.c against an installed ZuXml: through pkg-config,
 # through find_package(zuxml CONFIG) in a project of its own, and, given a
 # BUILD_DIR, through find_package against that build tree. With a PREFIX

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 /* A program that knows ZuXml only as an installed package: it builds a
  * document and checks the text the library writes for it. */
 #include <stdio.h>

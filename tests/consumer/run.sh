@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Installs the built library into a temporary prefix, then builds and runs a
 # small C program against that installation and against the build tree
 # (build-and-run.sh).

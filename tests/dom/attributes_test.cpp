@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Attributes: counting, reading by index and by name, adding, changing and
 // removing.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Document handles: creating, loading from files and buffers and
 // reloading. Release, one entry for documents and parsers, is tested with
 // the lifecycle entries (tests/frame/lifecycle_test.cpp).

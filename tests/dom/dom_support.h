@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // What the DOM tests share: owned document handles, documents loaded from
 // text, readers that follow the caller-buffer protocol to the end, and
 // scratch directories for written files.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Changing the tree: adding elements and comments, copying nodes in,
 // removing nodes and replacing text.
 #include <gtest/gtest.h>

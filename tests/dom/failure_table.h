@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // Tables of calls that must answer their failure value: for a NULL node,
 // for a handle that holds no document, for a NULL document handle. Each row
 // checks its own failure value and that no caller buffer was written.

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // The caller-buffer protocol, checked on the real getters of the library.
 //
 // Each test program lists its getters as GetterCase rows and instantiates

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The narrow forms under the C runtime's locales, named in support/text.h:
 // a single-byte one (one byte a character), a double-byte one (one or two)
 // and UTF-8. Text goes in through ZuXmlCreateWriteDocumentA and out through

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Walking the tree: root, parent, siblings, children, child search and
 // node types.
 #include <gtest/gtest.h>

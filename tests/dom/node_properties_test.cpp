@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Reading a node's name, local name and prefix, text content and namespace.
 #include <algorithm>
 #include <vector>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Writing documents: to files, indented or not, and to caller buffers.
 //
 // The exact texts below are what Xerces-C++ 3.2.4's DOMLSSerializer gives

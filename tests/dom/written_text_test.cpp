@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Asking for the length of a document's text, then filling a buffer of that
 // length: the text of the call that answered 0 is handed out by the next
 // WriteToString call on the same handle, and only while the document is

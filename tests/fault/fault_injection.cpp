@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The allocator replacements behind fault_injection.h. Defined in the test
 // program, they take the place of the C library's and the C++ runtime's
 // for every library the program loads.

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // Allocation failure on demand: while armed, the Nth allocation made
 // through malloc, calloc, realloc or operator new fails (malloc answers
 // NULL, operator new throws std::bad_alloc) and every other one succeeds.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Allocation failure, family by family: the operation runs again and again
 // with allocation 1, 2, 3... failing, until a run completes without
 // reaching the failing allocation. After every failed run the handle must

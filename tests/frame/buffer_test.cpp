@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The caller-buffer protocol and the narrow getter wrapper, on text of
 // known length.
 #include <gtest/gtest.h>

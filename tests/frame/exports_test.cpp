@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The interface has one list of names and ordinals, exports/ZUXML.def; this
 // test keeps everything made from it or written beside it in agreement with
 // it: the version script the build writes from it, the public header and

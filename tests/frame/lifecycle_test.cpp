@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Start, stop and release. Release is one entry for both kinds of handle;
 // each release test watches the memory the released object held come back,
 // so a release that only answered 1 fails them.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Narrow arguments on their way to UTF-16, through the C runtime's locale.
 #include <gtest/gtest.h>
 

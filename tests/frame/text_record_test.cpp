@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The record behind the narrow file name of a SAX2 load: a Xerces copy of
 // the narrow name, made wide by Xerces' transcoder once, when asked for.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Random buffer lengths, 0, negative and exact among them, against every
 // getter of text on a fixed document with non-ASCII and non-BMP text.
 #include <clocale>

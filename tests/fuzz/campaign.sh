@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # A long fuzzing campaign against a Xerces-C++ instrumented like ZuXml itself.
 #
 #   tests/fuzz/campaign.sh [SECONDS_PER_TARGET] [TARGET...]

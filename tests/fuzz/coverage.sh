@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Line coverage of src/ by the committed corpus of every fuzz target:
 # clang's source-based coverage (-fprofile-instr-generate
 # -fcoverage-mapping) on top of the fuzz build, each target run once over

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The editing entry points driven by the input: a document created for
 // writing (or loaded from a few bytes), then a program of edits read from
 // the input: add elements, comments and attributes, set text and values,

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // Shared by the fuzz targets: walk a loaded document and read every
 // property of every node in both forms, with buffer lengths the fuzzer
 // chooses, checking the caller-buffer protocol as it goes.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Bytes through ZuXmlLoadFromBufA, then a walk over every node reading every
 // property in both forms, a few edits and serialisation.
 #include <clocale>

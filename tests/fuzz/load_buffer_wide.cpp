@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // UTF-16 units through ZuXmlLoadFromBufW, then the same walk, edits and
 // serialisation as the narrow target.
 #include <clocale>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Bytes as a file streamed through the SAX2 interface: once one-shot
 // through ZuXmlSax2LoadFromFileW with the wide table, once progressively
 // through ZuXmlSax2LoadFromFileA with the narrow table, stopping after a

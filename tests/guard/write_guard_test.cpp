@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A file write never hangs. Xerces' serializer loops for ever when a run of
 // text it hands to the UTF-8 or UCS-4 transcoder ends in a lead surrogate;
 // the runs written unchecked come from namespace URIs, the document type's

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Fails unless the newest entry of debian/changelog is version
 # ZUXML_VERSION, Debian revision 1 or later.
 file(STRINGS "${ZUXML_CHANGELOG}" _first LIMIT_COUNT 1)

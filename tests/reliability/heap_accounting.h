@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // Counting the C heap: mallinfo2()'s in-use bytes before and after each
 // repetition of a scenario. After a few warm-up runs (Xerces fills caches
 // once), a scenario that leaks k bytes per run shows k more bytes in use

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Hostile input, each case bounded in size, with the work each does
 // checked by what it produced (characters, elements, diagnostics):
 // malformed documents, entity expansion, external references to a closed

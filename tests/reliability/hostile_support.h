@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // Shared by the reliability tests: scratch files, serialising a loaded
 // document, and streaming a file while recording what the callbacks saw.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // No path the library offers leaks, apart from those it keeps on purpose:
 // glibc's in-use bytes come back to where they were after every run
 // (heap_accounting.h). The size of each kept leak is pinned in

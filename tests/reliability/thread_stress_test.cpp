@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Eight threads, after the one ZuXmlInit of the test entry, each loading,
 // walking, editing, serialising and streaming handles of its own, with a
 // stop request sent to a progressive load from another thread. Run under

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The W3C XML conformance suite through both halves of the library, each
 // result compared with raw Xerces' under the same settings, computed here:
 //   DOM:  load result and serialised text against a DOMLSParser with only

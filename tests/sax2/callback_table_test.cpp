@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Which table serves each event, and what each entry receives.
 #include <gtest/gtest.h>
 

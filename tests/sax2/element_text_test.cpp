@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Depth tracking and the text each element receives with its end tag.
 #include <string>
 

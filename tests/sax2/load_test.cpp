@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Loads: modes, results, stopping, failures and their messages, location.
 #include <atomic>
 #include <thread>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The narrow form of SAX2 text is what Xerces' own transcoder gives: the
 // direct route (ASCII copied, the rest through ICU), for texts measured by
 // their length and by their terminator, is held against

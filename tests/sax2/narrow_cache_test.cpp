@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The narrow cache hands out what XMLString::transcode gives for the text
 // as it is at the moment of the call: a buffer that Xerces reuses for other
 // names, at the same address, gets the narrow form of what it now holds,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A load without a file name: answered 0 before anything is made, so it
 // prints nothing, calls no callback and leaves the parser as it was.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // Records every SAX2 callback with its arguments as one line of text, so
 // that tests compare whole event traces.
 //

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // Paths and files in the test programs, without the C++ library's narrow
 // path conversions and file streams. MinGW-w64's libstdc++ is built against
 // msvcrt's headers, whose mbstate_t is not the Universal CRT's: a program on

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Test entry: Xerces is initialised once around the whole run, as a caller
 // of the library does.
 #include <gtest/gtest.h>

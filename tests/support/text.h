@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 // Small helpers shared by the tests: UTF-16 literals as the interface's
 // wide type, sentinel-filled buffers, a scoped C locale and the locales the
 // narrow tests run under.

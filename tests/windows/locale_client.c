@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 /*
  * A C client of ZUXML.dll built, like the DLL, against the Universal C
  * runtime. It sets its own locale with setlocale and checks that the DLL's

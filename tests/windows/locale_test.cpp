@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The narrow forms under the Windows C runtime's own "C" locale. The named
 // locales every platform has (single-byte, double-byte, UTF-8) are covered
 // by tests/dom/narrow_locales_test.cpp.

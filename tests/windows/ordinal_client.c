@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 /*
  * A client of ZUXML.dll that binds the way Windows callers do: LoadLibrary
  * and GetProcAddress, by ordinal (MAKEINTRESOURCE) and by name. Checks that

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: Apache-2.0 */
 /*
  * Reads ZUXML.dll's version resource as Windows' file properties do
  * (GetFileVersionInfo, VerQueryValue) and compares it with the version

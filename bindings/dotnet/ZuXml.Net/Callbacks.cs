@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The SAX2 callback types of include/zuxml.h. Each receives the parser
 // handle and the context given to ZuXmlCreateSax2Parser first. Wide text
 // arrives as string, copied before the callback runs (the library's strings

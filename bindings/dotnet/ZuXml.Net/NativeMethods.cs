@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The 65 functions of ZuXml as P/Invoke declarations, each named and typed
 // as include/zuxml.h declares it. "zuxml" is found as libzuxml.so on Linux
 // (Mono adds the prefix and suffix) and as ZUXML.dll on Windows (file names

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Document, Node and AttributeCollection.
 using System;
 using System.Collections.Generic;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The .NET binding's tests: a console program run by CTest under Mono
 // against the library just built. Each test is a method; a failed check
 // throws, the program reports every failure and exits non-zero.

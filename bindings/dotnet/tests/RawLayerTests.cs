@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Every family of the interface through NativeMethods alone, wide and narrow.
 using System;
 using System.Collections.Generic;

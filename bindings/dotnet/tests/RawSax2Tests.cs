@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The SAX2 family through NativeMethods alone: both callback tables, the
 // context, locations, stopping and diagnostics.
 using System;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Sax2Parser: events, stopping, exceptions and the lifetime of its callbacks.
 using System;
 using System.Collections.Generic;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 { Every family of the interface through the zuxml unit, run against the
   library just built. Compiled twice, in the Delphi and the ObjFPC modes;
   prints each failed check and exits with 1 when there is one. }

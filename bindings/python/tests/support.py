@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """What the binding's tests share: text outside ASCII and the BMP, and a
 temporary directory per test."""
 

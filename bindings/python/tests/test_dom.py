@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Documents and nodes of the Python binding, run against the library named by ZUXML_LIBRARY."""
 
 import ctypes

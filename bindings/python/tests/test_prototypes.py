@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The binding's ctypes prototypes against the declarations of include/zuxml.h:
 one prototype per exported function, each with the header's result and
 argument types, and no function called that has none."""

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The SAX2 parser of the Python binding, run against the library named by ZUXML_LIBRARY."""
 
 import unittest

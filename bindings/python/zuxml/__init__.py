@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Python access to ZuXml through ctypes, with nothing beyond the standard library.
 
     import zuxml

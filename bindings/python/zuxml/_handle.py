@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """What documents and parsers share: one release entry serves both kinds."""
 
 from typing import Any, Optional

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Loading the shared library once, giving every export its prototype, and
 starting and stopping Xerces around the handles the binding hands out."""
 

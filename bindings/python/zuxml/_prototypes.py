@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The C declarations of include/zuxml.h as ctypes types: every exported
 function with its result and argument types, and the callback types of the
 SAX2 tables.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Wide text in and out: str to UTF-16 units, and the caller-buffer protocol
 run for the caller (ask with a buffer, grow it to the length the library
 reports, ask again)."""

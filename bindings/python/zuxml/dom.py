@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Documents and their nodes over the library's DOM functions."""
 
 import ctypes

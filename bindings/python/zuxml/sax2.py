@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Streaming a file through Python callables over the library's SAX2 parser."""
 
 import ctypes

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The size of every leak the library keeps on purpose, and of Xerces' own
 // CVE-2018-1311 leak, counted on the C heap (heap_accounting.h). The
 // figures are glibc chunk sizes (request rounded up to 16 bytes, with an

@@ -24,8 +24,9 @@ namespace zuxml {
 
 namespace {
 
-#if defined(ZUXML_HAVE_ICU)
 constexpr XMLCh kFirstNonAscii = 0x80;
+
+#if defined(ZUXML_HAVE_ICU)
 
 // Copies the ASCII units at the start of text (at most length) to out as
 // bytes; answers how many there were.

@@ -544,7 +544,10 @@ ZUXML_API int32_t ZuXmlRemoveNode(ZuXmlDocument hDocument, ZuXmlNode hNode);
  * \{ */
 /**
  * Replaces the content of a node with text; the children of an element are
- * removed first.
+ * removed first. Removed, they leave the tree but are not destroyed: their
+ * handles stay valid until the document is released or reloaded, and
+ * ZuXmlRemoveNode on one of them answers 0, as for any node without a
+ * parent.
  * \param hDocument The document handle.
  * \param hNode     The node.
  * \param szText    The new text; NULL leaves an element empty.

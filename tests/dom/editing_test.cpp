@@ -421,6 +421,24 @@ TEST(SetNodeTextContent, NullTextOnAnElementWithChildrenLeavesItEmpty) {
     EXPECT_EQ(Serialised(document), W(kDeclaration) + W(u"<r><a/></r>"));
 }
 
+// The replaced children leave the tree but are not destroyed: their handles
+// still read, and removing one answers 0 (it has no parent), while the nodes
+// below it still come out of it.
+TEST(SetNodeTextContent, ReplacedChildrenLeaveTheTreeAndStayReadable) {
+    Document document = Loaded("<r><a>x<b><c/></b></a></r>");
+    ZuXmlNode a = Child(document, nullptr, u"a");
+    ZuXmlNode b = Child(document, a, u"b");
+    ZuXmlNode c = Child(document, b, u"c");
+    ASSERT_EQ(ZuXmlSetNodeTextContentW(document, a, W(u"new").c_str()), 1);
+    EXPECT_EQ(ZuXmlGetParentNode(document, b), nullptr);
+    EXPECT_EQ(NodeName(document, b), W(u"b"));
+    EXPECT_EQ(ZuXmlGetFirstChild(document, b), c);
+    EXPECT_EQ(ZuXmlRemoveNode(document, b), 0);
+    EXPECT_EQ(ZuXmlRemoveNode(document, c), 1);
+    EXPECT_EQ(ZuXmlGetFirstChild(document, b), nullptr);
+    EXPECT_EQ(Serialised(document), W(kDeclaration) + W(u"<r><a>new</a></r>"));
+}
+
 TEST(SetNodeTextContent, TextAndCommentNodesTakeTheText) {
     Document document = Loaded("<r>old<!--old--></r>");
     ZuXmlNode root = ZuXmlGetRootNode(document);

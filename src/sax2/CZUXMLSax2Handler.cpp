@@ -18,7 +18,17 @@ CZUXMLSax2Handler::CZUXMLSax2Handler(void *hParser, void *pContext, const Sax2Ca
     : m_pParser(hParser), m_pContext(pContext), m_eTextForm(callbacksW.pEndElement   ? TextForm::Wide
                                                             : callbacksA.pEndElement ? TextForm::Narrow
                                                                                      : TextForm::None),
+      m_pNarrow(NeedsNarrowText(callbacksW, callbacksA) ? std::make_unique<CZUXMLNarrowCache>() : nullptr),
       m_CallbacksW(callbacksW), m_CallbacksA(callbacksA) {}
+
+// Each text-bearing event goes to the narrow table only where the wide
+// table has no entry for it; the start and end of the document carry no
+// text.
+bool CZUXMLSax2Handler::NeedsNarrowText(const Sax2CallbackTableW &callbacksW, const Sax2CallbackTableA &callbacksA) {
+    return (!callbacksW.pStartElement && callbacksA.pStartElement) ||
+           (!callbacksW.pEndElement && callbacksA.pEndElement) || (!callbacksW.pComment && callbacksA.pComment) ||
+           (!callbacksW.pDiagnostic && callbacksA.pDiagnostic);
+}
 
 int32_t CZUXMLSax2Handler::Location(uint64_t *pnLine, uint64_t *pnColumn) const {
     if (!m_pLocator)
@@ -100,14 +110,14 @@ void CZUXMLSax2Handler::startElement(const XMLCh *uri, const XMLCh *localname, c
 template <class Form>
 typename Form::Text CZUXMLSax2Handler::SameOrStable(const XMLCh *text, const XMLCh *converted,
                                                    typename Form::Text form) {
-    return text == converted ? form : Form::Stable(m_Narrow, text);
+    return text == converted ? form : Form::Stable(m_pNarrow.get(), text);
 }
 
 template <class Form>
 void CZUXMLSax2Handler::OnStartElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname,
                                        const XMLCh *qname, const Attributes &attrs) {
-    const auto szUri = Form::Stable(m_Narrow, uri);
-    const auto szLocalName = Form::Stable(m_Narrow, localname);
+    const auto szUri = Form::Stable(m_pNarrow.get(), uri);
+    const auto szLocalName = Form::Stable(m_pNarrow.get(), localname);
     const auto szQName = SameOrStable<Form>(qname, localname, szLocalName);
     const XMLSize_t count = attrs.getLength();
     if (table.pStartElement)
@@ -115,12 +125,12 @@ void CZUXMLSax2Handler::OnStartElement(const typename Form::Table &table, const 
                             szQName);
     // Attributes are read only for a caller who hears of them.
     for (XMLSize_t index = 0; table.pAttribute && index < count; ++index) {
-        const auto szAttrUri = Form::Stable(m_Narrow, attrs.getURI(index));
+        const auto szAttrUri = Form::Stable(m_pNarrow.get(), attrs.getURI(index));
         const XMLCh *const attrLocalName = attrs.getLocalName(index);
-        const auto szAttrLocalName = Form::Stable(m_Narrow, attrLocalName);
+        const auto szAttrLocalName = Form::Stable(m_pNarrow.get(), attrLocalName);
         const auto szAttrQName = SameOrStable<Form>(attrs.getQName(index), attrLocalName, szAttrLocalName);
-        const auto szType = Form::Type(m_Narrow, attrs.getType(index));
-        const auto szValue = Form::Transient(m_Narrow, attrs.getValue(index));
+        const auto szType = Form::Type(m_pNarrow.get(), attrs.getType(index));
+        const auto szValue = Form::Transient(m_pNarrow.get(), attrs.getValue(index));
         table.pAttribute(m_pParser, m_pContext, m_nDepth, static_cast<int32_t>(index), szAttrUri, szAttrLocalName,
                          szAttrQName, szType, szValue);
     }
@@ -148,8 +158,8 @@ void CZUXMLSax2Handler::endElement(const XMLCh *uri, const XMLCh *localname, con
 template <class Form>
 void CZUXMLSax2Handler::OnEndElement(const typename Form::Table &table, const XMLCh *uri, const XMLCh *localname,
                                      const XMLCh *qname) {
-    const auto szUri = Form::Stable(m_Narrow, uri);
-    const auto szLocalName = Form::Stable(m_Narrow, localname);
+    const auto szUri = Form::Stable(m_pNarrow.get(), uri);
+    const auto szLocalName = Form::Stable(m_pNarrow.get(), localname);
     const auto szQName = SameOrStable<Form>(qname, localname, szLocalName);
     table.pEndElement(m_pParser, m_pContext, m_nDepth, szUri, szLocalName, szQName,
                       Form::View(Gathered<Form>().At(m_nDepth)));
@@ -168,7 +178,7 @@ void CZUXMLSax2Handler::characters(const XMLCh *chars, XMLSize_t length) {
 }
 
 template <class Form> void CZUXMLSax2Handler::Gather(const XMLCh *chars, XMLSize_t length) {
-    Form::Append(m_Narrow, Gathered<Form>().At(m_nDepth - 1), chars, length);
+    Form::Append(m_pNarrow.get(), Gathered<Form>().At(m_nDepth - 1), chars, length);
 }
 
 template <class Form> CZUXMLTextStack<typename Form::Gathered> &CZUXMLSax2Handler::Gathered() {
@@ -188,7 +198,7 @@ void CZUXMLSax2Handler::comment(const XMLCh *chars, XMLSize_t) {
 }
 
 template <class Form> void CZUXMLSax2Handler::OnComment(const typename Form::Table &table, const XMLCh *chars) {
-    table.pComment(m_pParser, m_pContext, m_nDepth, Form::Transient(m_Narrow, chars));
+    table.pComment(m_pParser, m_pContext, m_nDepth, Form::Transient(m_pNarrow.get(), chars));
 }
 
 void CZUXMLSax2Handler::warning(const SAXParseException &exc) { Diagnostic(SAX2_WARNING, exc); }
@@ -209,7 +219,7 @@ void CZUXMLSax2Handler::Diagnostic(int32_t nCode, const SAXParseException &exc) 
 
 template <class Form>
 void CZUXMLSax2Handler::OnDiagnostic(const typename Form::Table &table, int32_t nCode, const SAXParseException &exc) {
-    table.pDiagnostic(m_pParser, m_pContext, nCode, Form::Transient(m_Narrow, exc.getMessage()));
+    table.pDiagnostic(m_pParser, m_pContext, nCode, Form::Transient(m_pNarrow.get(), exc.getMessage()));
 }
 
 } // namespace zuxml

@@ -9,6 +9,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include <xercesc/sax2/DefaultHandler.hpp>
@@ -75,6 +76,7 @@ private:
     template <class Form> void OnComment(const typename Form::Table &table, const XMLCh *chars);
     template <class Form>
     void OnDiagnostic(const typename Form::Table &table, int32_t nCode, const xercesc::SAXParseException &exc);
+    static bool NeedsNarrowText(const Sax2CallbackTableW &callbacksW, const Sax2CallbackTableA &callbacksA);
     using DocumentCallback = void (*)(void *hParser, void *pContext);
     void DocumentEvent(DocumentCallback wide, DocumentCallback narrow);
     void Diagnostic(int32_t nCode, const xercesc::SAXParseException &exc);
@@ -95,7 +97,9 @@ private:
     int32_t m_nDepth = 0;
     CZUXMLTextStack<std::basic_string<XMLCh>> m_TextW;
     CZUXMLTextStack<CZUXMLNarrowText> m_TextA;
-    CZUXMLNarrowCache m_Narrow;
+    // Made only for a load whose tables send some text to a narrow entry:
+    // a wide load neither builds nor keeps it.
+    const std::unique_ptr<CZUXMLNarrowCache> m_pNarrow;
     const xercesc::Locator *m_pLocator = nullptr;
     // Where the parse stopped, for after the scan: taken at the start of
     // the document, at each diagnostic and when a callback throws, never

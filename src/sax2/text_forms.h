@@ -29,10 +29,10 @@ struct WideForm {
     using Text = const ZuXmlWChar *;
     using Gathered = std::basic_string<XMLCh>;
 
-    static const ZuXmlWChar *Stable(CZUXMLNarrowCache &, const XMLCh *text) { return AsWide(text ? text : u""); }
-    static const ZuXmlWChar *Type(CZUXMLNarrowCache &cache, const XMLCh *text) { return Stable(cache, text); }
-    static const ZuXmlWChar *Transient(CZUXMLNarrowCache &cache, const XMLCh *text) { return Stable(cache, text); }
-    static void Append(CZUXMLNarrowCache &, Gathered &slot, const XMLCh *chars, XMLSize_t length) {
+    static const ZuXmlWChar *Stable(CZUXMLNarrowCache *, const XMLCh *text) { return AsWide(text ? text : u""); }
+    static const ZuXmlWChar *Type(CZUXMLNarrowCache *cache, const XMLCh *text) { return Stable(cache, text); }
+    static const ZuXmlWChar *Transient(CZUXMLNarrowCache *cache, const XMLCh *text) { return Stable(cache, text); }
+    static void Append(CZUXMLNarrowCache *, Gathered &slot, const XMLCh *chars, XMLSize_t length) {
         slot.append(chars, length);
     }
     static const ZuXmlWChar *View(const Gathered &slot) { return AsWide(slot.c_str()); }
@@ -47,11 +47,11 @@ struct NarrowForm {
     using Text = const char *;
     using Gathered = CZUXMLNarrowText;
 
-    static const char *Stable(CZUXMLNarrowCache &cache, const XMLCh *text) { return cache.Stable(text); }
-    static const char *Type(CZUXMLNarrowCache &cache, const XMLCh *text) { return cache.Type(text); }
-    static const char *Transient(CZUXMLNarrowCache &cache, const XMLCh *text) { return cache.Transient(text); }
-    static void Append(CZUXMLNarrowCache &cache, Gathered &slot, const XMLCh *chars, XMLSize_t length) {
-        cache.Gather(slot, chars, length);
+    static const char *Stable(CZUXMLNarrowCache *cache, const XMLCh *text) { return cache->Stable(text); }
+    static const char *Type(CZUXMLNarrowCache *cache, const XMLCh *text) { return cache->Type(text); }
+    static const char *Transient(CZUXMLNarrowCache *cache, const XMLCh *text) { return cache->Transient(text); }
+    static void Append(CZUXMLNarrowCache *cache, Gathered &slot, const XMLCh *chars, XMLSize_t length) {
+        cache->Gather(slot, chars, length);
     }
     static const char *View(const Gathered &slot) { return slot.c_str(); }
 };

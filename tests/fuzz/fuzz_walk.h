@@ -63,15 +63,30 @@ template <class Getter> void ReadWide(FuzzedDataProvider &data, Getter getter) {
     }
 }
 
+// A narrow getter may be given no buffer at all when its length is 0 or
+// less: it then only reports the length it needs.
 template <class Getter> void ReadNarrow(FuzzedDataProvider &data, Getter getter) {
     const int32_t length = PickLength(data);
     const size_t capacity = length > 0 ? static_cast<size_t>(length) : 0;
     std::vector<char> buffer(capacity + 8, '~');
     int32_t inOut = length;
-    const int32_t result = getter(buffer.data(), &inOut);
+    const bool noBuffer = length <= 0 && data.ConsumeBool();
+    const int32_t result = getter(noBuffer ? nullptr : buffer.data(), &inOut);
     Check(result == 0 || result == 1);
-    for (size_t i = capacity > 0 ? capacity : 1; i < buffer.size(); ++i)
+    Check(!noBuffer || result == 0);
+    for (size_t i = capacity > 0 || noBuffer ? capacity : 1; i < buffer.size(); ++i)
         Check(buffer[i] == '~');
+}
+
+// The wide text a getter gives, read to its end; empty when it fails.
+template <class Getter> std::basic_string<ZuXmlWChar> WideText(Getter getter) {
+    int32_t length = 0;
+    if (getter(nullptr, &length) != 0 || length <= 0 || length > 1 << 20)
+        return {};
+    std::vector<ZuXmlWChar> buffer(static_cast<size_t>(length));
+    if (getter(buffer.data(), &length) != 1)
+        return {};
+    return buffer.data();
 }
 
 // Reads every property of node in both forms.
@@ -97,23 +112,64 @@ inline void ReadNode(ZuXmlDocument doc, ZuXmlNode node, FuzzedDataProvider &data
     Check(count >= -1);
     for (int32_t i = -1; i <= count && i < 64; ++i) {
         ReadWide(data, [&](ZuXmlWChar *b, int32_t *l) { return ZuXmlGetNodeAttributeNameW(doc, node, i, b, l); });
+        ReadNarrow(data, [&](char *b, int32_t *l) { return ZuXmlGetNodeAttributeNameA(doc, node, i, b, l); });
+        ReadWide(data,
+                 [&](ZuXmlWChar *b, int32_t *l) { return ZuXmlGetNodeAttributeValueIndexW(doc, node, i, b, l); });
         ReadNarrow(data, [&](char *b, int32_t *l) { return ZuXmlGetNodeAttributeValueIndexA(doc, node, i, b, l); });
+        // The same attribute by its name, in both forms.
+        const auto name = WideText([&](ZuXmlWChar *b, int32_t *l) {
+            return ZuXmlGetNodeAttributeNameW(doc, node, i, b, l);
+        });
+        const std::string narrowName(name.begin(), name.end());
+        ReadWide(data, [&](ZuXmlWChar *b, int32_t *l) {
+            return ZuXmlGetNodeAttributeValueNameW(doc, node, name.c_str(), b, l);
+        });
+        ReadNarrow(data, [&](char *b, int32_t *l) {
+            return ZuXmlGetNodeAttributeValueNameA(doc, node, narrowName.c_str(), b, l);
+        });
     }
+    // The first child found again by its name, in both forms.
+    const auto childName = WideText([&](ZuXmlWChar *b, int32_t *l) {
+        return ZuXmlGetNodeNameW(doc, ZuXmlGetFirstChild(doc, node), b, l);
+    });
+    (void)ZuXmlFindChildW(doc, node, childName.c_str());
+    (void)ZuXmlFindChildA(doc, node, std::string(childName.begin(), childName.end()).c_str());
 }
 
-// Visits every node in document order without recursion, up to a bound.
+// Visits every node without recursion, up to a bound: in document order,
+// or backwards from each last child, as the input chooses. Either way the
+// root element is reached through the document node.
 inline void WalkDocument(ZuXmlDocument doc, FuzzedDataProvider &data) {
-    ZuXmlNode node = ZuXmlGetRootNode(doc);
-    ZuXmlNode root = node;
+    const bool backwards = data.ConsumeBool();
+    ZuXmlNode (*const first)(ZuXmlDocument, ZuXmlNode) = backwards ? ZuXmlGetLastChild : ZuXmlGetFirstChild;
+    ZuXmlNode (*const next)(ZuXmlDocument, ZuXmlNode) = backwards ? ZuXmlGetPriviousSibling : ZuXmlGetNextSibling;
+    ZuXmlNode root = ZuXmlGetRootNode(doc);
+    ZuXmlNode node = root ? ZuXmlGetParentNode(doc, root) : nullptr;
+    const ZuXmlNode top = node;
     for (int visited = 0; node && visited < 2000; ++visited) {
         ReadNode(doc, node, data);
-        if (ZuXmlNode child = ZuXmlGetFirstChild(doc, node)) {
+        if (ZuXmlNode child = first(doc, node)) {
             node = child;
             continue;
         }
-        while (node && node != root && !ZuXmlGetNextSibling(doc, node))
+        while (node && node != top && !next(doc, node))
             node = ZuXmlGetParentNode(doc, node);
-        node = node && node != root ? ZuXmlGetNextSibling(doc, node) : nullptr;
+        node = node && node != top ? next(doc, node) : nullptr;
+    }
+}
+
+// The document written to the null device by one of the four file writes,
+// indented or not, by a wide or a narrow name.
+inline int32_t WriteFile(ZuXmlDocument doc, int how) {
+    switch (how) {
+    case 0:
+        return ZuXmlWriteW(doc, u"/dev/null");
+    case 1:
+        return ZuXmlWriteA(doc, "/dev/null");
+    case 2:
+        return ZuXmlWriteNoPrettyW(doc, u"/dev/null");
+    default:
+        return ZuXmlWriteNoPrettyA(doc, "/dev/null");
     }
 }
 
@@ -134,8 +190,10 @@ inline void EditAndWrite(ZuXmlDocument doc, FuzzedDataProvider &data) {
         (void)ZuXmlSetNodeTextContentA(doc, first, value.c_str());
     ReadWide(data, [&](ZuXmlWChar *b, int32_t *l) { return ZuXmlWriteToStringW(doc, b, l); });
     ReadNarrow(data, [&](char *b, int32_t *l) { return ZuXmlWriteToStringA(doc, b, l); });
+    if (data.ConsumeBool())
+        Check(WriteFile(doc, data.ConsumeIntegralInRange<int>(0, 3)) <= 1);
     if (first && data.ConsumeBool())
-        Check(ZuXmlRemoveNode(doc, first) == 1);
+        Check(ZuXmlRemoveNode(doc, first) == (ZuXmlGetParentNode(doc, first) ? 1 : 0));
 }
 
 } // namespace zuxml_fuzz

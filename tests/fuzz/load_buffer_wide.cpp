@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// UTF-16 units through ZuXmlLoadFromBufW, then the same walk, edits and
-// serialisation as the narrow target.
+// UTF-16 units through ZuXmlLoadFromBufW, then the same walk, edits,
+// serialisation and reload as the narrow target.
 #include <clocale>
 #include <cstring>
 
@@ -17,9 +17,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size) {
     std::vector<ZuXmlWChar> text(raw.size() / 2 + 1);
     std::memcpy(text.data(), raw.data(), raw.size() / 2 * 2);
     ZuXmlDocument doc = ZuXmlCreateDocument();
-    if (ZuXmlLoadFromBufW(doc, text.data(), static_cast<uint32_t>(raw.size() / 2)) == 1) {
+    const uint32_t units = static_cast<uint32_t>(raw.size() / 2);
+    if (ZuXmlLoadFromBufW(doc, text.data(), units) == 1) {
         zuxml_fuzz::WalkDocument(doc, data);
         zuxml_fuzz::EditAndWrite(doc, data);
+        // A reload replaces the edited document with the text as it was.
+        if (data.ConsumeBool()) {
+            zuxml_fuzz::Check(ZuXmlLoadFromBufW(doc, text.data(), units) == 1);
+            zuxml_fuzz::WalkDocument(doc, data);
+        }
+    } else {
+        zuxml_fuzz::Check(ZuXmlGetRootNode(doc) == nullptr);
     }
     ZuXmlReleaseDocument(doc);
     return 0;

@@ -5,14 +5,13 @@
 // number of events the input chooses, and once with the two tables mixed.
 // Every string a callback receives is read to its end.
 #include <fuzzer/FuzzedDataProvider.h>
-#include <unistd.h>
 
 #include <clocale>
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
 #include <string>
 
+#include "scratch_file.h"
 #include "zuxml.h"
 
 namespace {
@@ -134,57 +133,63 @@ void SetNarrow(ZuXmlSax2Parser parser, bool on) {
                                      nullptr);
 }
 
-std::string g_path;
-std::string g_goodPath;
-std::u16string g_widePath;
+const zuxml_fuzz::ScratchFile *g_File;
+const zuxml_fuzz::ScratchFile *g_GoodFile;
+
+// A load's answer is one of its three, and the position after it is
+// answered or not, whatever became of the load.
+void Loaded(ZuXmlSax2Parser parser, int32_t result) {
+    Check(result == 1 || result == 0 || result == -1);
+    uint64_t line = 0, column = 0;
+    Check(ZuXmlGetSax2CurrentLocation(parser, &line, &column) <= 1);
+    (void)ZuXmlGetSax2CurrentLocation(parser, nullptr, nullptr);
+}
 
 } // namespace
 
 extern "C" int LLVMFuzzerInitialize(int *, char ***) {
     std::setlocale(LC_ALL, "C.UTF-8");
-    const char *dir = std::getenv("TMPDIR");
-    g_path = std::string(dir != nullptr && *dir != 0 ? dir : "/tmp") + "/zuxml_fuzz_sax_" +
-             std::to_string(static_cast<long>(getpid())) + ".xml";
-    g_goodPath = g_path + ".good.xml";
-    for (char c : g_path)
-        g_widePath.push_back(static_cast<char16_t>(static_cast<unsigned char>(c)));
-    FILE *good = std::fopen(g_goodPath.c_str(), "wb");
-    Check(good != nullptr && std::fputs("<r/>", good) >= 0);
-    std::fclose(good);
-    std::atexit([] {
-        std::remove(g_path.c_str());
-        std::remove(g_goodPath.c_str());
-    });
+    static const zuxml_fuzz::ScratchFile file("_sax.xml");
+    static const zuxml_fuzz::ScratchFile good("_sax_good.xml");
+    g_File = &file;
+    g_GoodFile = &good;
+    Check(good.Write("<r/>"));
     return ZuXmlInit() == 1 ? 0 : 1;
 }
 
+// The choices are read from the end of the input (FuzzedDataProvider takes
+// numbers from there), so that a seed is its document followed by them.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size) {
     FuzzedDataProvider data(bytes, size);
     const uint32_t stopAfter = data.ConsumeIntegralInRange<uint32_t>(0, 63);
     const bool mixedProgressive = data.ConsumeBool();
     const std::string xml = data.ConsumeRemainingBytesAsString();
-    FILE *file = std::fopen(g_path.c_str(), "wb");
-    Check(file != nullptr);
-    Check(std::fwrite(xml.data(), 1, xml.size(), file) == xml.size());
-    std::fclose(file);
+    Check(g_File->Write(xml));
 
     Run run;
     ZuXmlSax2Parser parser = ZuXmlCreateSax2Parser(&run);
     Check(parser != nullptr);
     run.parser = parser;
-    const ZuXmlWChar *widePath = reinterpret_cast<const ZuXmlWChar *>(g_widePath.c_str());
 
     // One shot, wide table.
     SetWide(parser, true);
-    int32_t result = ZuXmlSax2LoadFromFileW(parser, widePath, 0);
-    Check(result == 1 || result == 0 || result == -1);
+    Loaded(parser, ZuXmlSax2LoadFromFileW(parser, g_File->Wide(), 0));
 
     // Progressive, narrow table, asked to stop after some events.
     SetWide(parser, false);
     SetNarrow(parser, true);
     run = Run{parser, 0, stopAfter, -1};
-    result = ZuXmlSax2LoadFromFileA(parser, g_path.c_str(), 1);
-    Check(result == 1 || result == 0 || result == -1);
+    Loaded(parser, ZuXmlSax2LoadFromFileA(parser, g_File->Narrow(), 1));
+
+    // No file name: refused before anything starts, no callback called and
+    // the position of the last load still answered.
+    uint64_t line = 0, column = 0, lineAfter = 0, columnAfter = 0;
+    const int32_t located = ZuXmlGetSax2CurrentLocation(parser, &line, &column);
+    const uint32_t events = run.events;
+    Check(ZuXmlSax2LoadFromFileA(parser, nullptr, stopAfter & 1) == 0);
+    Check(run.events == events);
+    Check(ZuXmlGetSax2CurrentLocation(parser, &lineAfter, &columnAfter) == located);
+    Check(located == 0 || (line == lineAfter && column == columnAfter));
 
     // Both tables: the wide one serves what it has, the narrow one the rest.
     // The narrow attribute entry is set, so the table serving start tags
@@ -192,14 +197,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size) {
     ZuXmlSetSax2ParserCallbacksW(parser, nullptr, EndDocument, StartElement<ZuXmlWChar>, nullptr, AttributesDone,
                                  EndElement<ZuXmlWChar>, nullptr, Diagnostic<ZuXmlWChar>);
     run = Run{parser, 0, mixedProgressive ? stopAfter : 0, -1};
-    result = ZuXmlSax2LoadFromFileA(parser, g_path.c_str(), mixedProgressive ? 1 : 0);
-    Check(result == 1 || result == 0 || result == -1);
+    Loaded(parser, ZuXmlSax2LoadFromFileA(parser, g_File->Narrow(), mixedProgressive ? 1 : 0));
 
     // A failed load keeps its reader until the next load; one of a small
     // good file frees it, so that the kept memory does not pile up.
     ZuXmlSetSax2ParserCallbacksW(parser, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
     ZuXmlSetSax2ParserCallbacksA(parser, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
-    Check(ZuXmlSax2LoadFromFileA(parser, g_goodPath.c_str(), 0) == 1);
+    Check(ZuXmlSax2LoadFromFileA(parser, g_GoodFile->Narrow(), 0) == 1);
     ZuXmlReleaseSax2Parser(parser);
     return 0;
 }

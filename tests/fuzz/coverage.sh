@@ -8,9 +8,9 @@
 #
 #   tests/fuzz/coverage.sh [BUILD_DIR]        (default build-coverage)
 #
-# Prints the summary per file of src/ and writes the annotated lines to
-# BUILD_DIR/coverage/ (one text file per source file), where the lines
-# never reached are marked with 0.
+# Prints the summary per file of src/, writes the annotated lines to
+# BUILD_DIR/coverage/ (one text file per source file, the lines never
+# reached marked with 0) and lists those lines in BUILD_DIR/unreached.txt.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 root=$PWD
@@ -25,15 +25,28 @@ CC=clang CXX=clang++ cmake -S . -B "$dir" -DZUXML_FUZZ=ON -DZUXML_BUILD_TESTS=OF
 nice -n 5 cmake --build "$dir" --parallel 2
 
 profiles=$dir/profiles
-rm -rf "$profiles"
+rm -rf "$profiles" "$dir/coverage"
 mkdir -p "$profiles"
-export LSAN_OPTIONS="suppressions=$root/tests/lsan.supp:print_suppressions=0"
+# Coverage only: leaks are the sanitizer runs' business, and a leak report
+# at exit would fail the run after its profile is written.
+export ASAN_OPTIONS=detect_leaks=0
 for target in "${targets[@]}"; do
-  LLVM_PROFILE_FILE="$profiles/$target.%p.profraw" \
-    "$dir/tests/fuzz/fuzz_$target" -runs=0 -close_fd_mask=1 "tests/fuzz/corpus/$target" > /dev/null 2>&1
+  if ! LLVM_PROFILE_FILE="$profiles/$target.%p.profraw" \
+      "$dir/tests/fuzz/fuzz_$target" -runs=0 -close_fd_mask=1 "tests/fuzz/corpus/$target" >"$profiles/$target.log" 2>&1; then
+    tail -n 20 "$profiles/$target.log"
+    echo "fuzz_$target failed over its corpus" >&2
+    exit 1
+  fi
 done
 llvm-profdata-14 merge -sparse "$profiles"/*.profraw -o "$profiles/all.profdata"
-objects=(-object "$dir/libzuxml.so")
-llvm-cov-14 report "${objects[@]}" -instr-profile="$profiles/all.profdata" "$root/src"
-llvm-cov-14 show "${objects[@]}" -instr-profile="$profiles/all.profdata" -format=text \
+# The library is the binary whose lines count; src/ narrows the report to
+# our own sources.
+llvm-cov-14 report "$dir/libzuxml.so" -instr-profile="$profiles/all.profdata" "$root/src"
+llvm-cov-14 show "$dir/libzuxml.so" -instr-profile="$profiles/all.profdata" -format=text \
   -output-dir="$dir/coverage" "$root/src"
+# Every line never reached, as file:line: text.
+find "$dir/coverage" -name '*.txt' -path '*/src/*' | sort | while read -r file; do
+  name=${file#"$dir/coverage/coverage$root/"}
+  awk -v name="${name%.txt}" -F'|' '$2 ~ /^ *0$/ { sub(/^ +/, "", $1); print name ":" $1 ":" $3 }' "$file"
+done >"$dir/unreached.txt"
+echo "$(wc -l <"$dir/unreached.txt") lines never reached: $dir/unreached.txt"

@@ -44,7 +44,7 @@ scripts/install-deps.sh clang libclang-rt-14-dev dpkg-dev libicu-dev time
 
 xerces_lib=$work/xerces-build/src/libxerces-c-3.2.so
 if [ ! -f "$xerces_lib" ]; then
-  src=$(find "$work/src" -maxdepth 1 -mindepth 1 -type d -name 'xerces-c*' 2>/dev/null | head -n 1)
+  src=$(find "$work/src" -maxdepth 1 -mindepth 1 -type d -name 'xerces-c*' 2>/dev/null | head -n 1 || true)
   if [ -z "$src" ]; then
     version=$(dpkg-query -W -f='${Version}' libxerces-c3.2)
     scripts/fetch-debian-source.sh "xerces-c=$version" "$work/src"

@@ -18,6 +18,7 @@
 # scripts/release/check.sh builds and tests the tarball on its own.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
+. scripts/lib.sh
 root=$(pwd)
 windows=$(mkdir -p "${1:-build-windows}" && cd "${1:-build-windows}" && pwd)
 version=$(cmake -P cmake/version.cmake)
@@ -25,14 +26,6 @@ dist=$root/dist
 stage=$root/build-dist
 jobs=${ZUXML_JOBS:-2}
 started=$SECONDS
-
-step() { # name, command...
-  local name=$1 t=$SECONDS
-  shift
-  echo "== $name"
-  "$@"
-  echo "== $name: $((SECONDS - t)) s"
-}
 
 scripts/install-deps.sh git debhelper lintian zip dpkg-dev llvm-14 g++-mingw-w64-x86-64-posix \
   gcc-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64

@@ -18,6 +18,7 @@
 #   whole suite).
 set -euo pipefail
 cd "$(dirname "$0")/../.."
+. scripts/lib.sh
 root=$(pwd)
 dist=$(cd "${1:-dist}" && pwd)
 version=$(cmake -P cmake/version.cmake)
@@ -36,13 +37,6 @@ failures=0
 fail() { echo "FAIL: $*"; failures=$((failures + 1)); }
 same() { # what, found, expected
   if [ "$2" = "$3" ]; then echo "ok: $1 $2"; else fail "$1 is \"$2\", not \"$3\""; fi
-}
-step() { # name, command...
-  local name=$1 t=$SECONDS
-  shift
-  echo "== $name"
-  "$@"
-  echo "== $name: $((SECONDS - t)) s"
 }
 
 scripts/install-deps.sh unzip wine64 llvm-14 clang-14 lld-14 g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix \
@@ -184,8 +178,11 @@ source_tarball() {
     xmlconf=(-DZUXML_XMLCONF_DIR="$(cd "${ZUXML_XMLCONF_DIR:-$root/../shared/xmlconf}" && pwd)"
              -DZUXML_REQUIRE_XMLCONF=ON)
   fi
+  # Debian's Python, as the test preset has it: the one whose packaging
+  # tools the binding's install test uses, whatever python3 comes first on
+  # the PATH.
   cmake -S "$tree" -B "$tree/build" -DCMAKE_BUILD_TYPE=Release -DZUXML_BUILD_BENCHMARKS=OFF \
-    "${xmlconf[@]}" >/dev/null
+    -DPython3_EXECUTABLE=/usr/bin/python3 "${xmlconf[@]}" >/dev/null
   nice -n 5 cmake --build "$tree/build" --parallel "$jobs" >/dev/null
   ctest --test-dir "$tree/build" --output-on-failure --parallel "$jobs" | tail -n 3 ||
     fail "the tarball's test suite"

@@ -14,19 +14,11 @@
 #    export table against exports/ZUXML.def.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
+. scripts/lib.sh
 root=$(pwd)
 build=$(mkdir -p "${1:-build-windows}" && cd "${1:-build-windows}" && pwd)
 export ZUXML_JOBS=${ZUXML_JOBS:-2}
 started=$SECONDS
-
-step() { # name, command...
-  local name=$1 t=$SECONDS rc=0
-  shift
-  echo "== $name"
-  "$@" || rc=$?
-  echo "== $name: $((SECONDS - t)) s$([ "$rc" = 0 ] || echo ", failed ($rc)")"
-  return "$rc"
-}
 
 step "Debian packages" scripts/install-deps.sh \
   g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 \
@@ -70,11 +62,12 @@ configure_and_build() {
 }
 step "ZUXML.dll and its tests" configure_and_build
 
+# A failing test fails the script after the summary line below.
+status=0
 run_tests() {
   ctest --test-dir "$build/zuxml" --output-on-failure --parallel "$ZUXML_JOBS" \
-    --timeout "${ZUXML_TEST_TIMEOUT:-300}"
+    --timeout "${ZUXML_TEST_TIMEOUT:-300}" || status=$?
 }
-status=0
-step "Tests under Wine" run_tests || status=$?
+step "Tests under Wine" run_tests
 echo "== Windows build and tests: $((SECONDS - started)) s"
 exit "$status"

@@ -44,22 +44,32 @@ const XMLCh *OwnValue(const DOMNode *node) {
 }
 
 // Visits, in document order, the value of every node below top that the
-// text content takes; without recursion, so depth costs no stack.
+// text content takes; without recursion, so depth costs no stack. The way
+// back up goes through the ancestors kept on the way down: Xerces answers
+// getParentNode through a dynamic_cast, which would cost more than all the
+// rest of a short element's read. Past kKeptAncestors levels it is asked.
 template <class Visit> void ForEachContentValue(const DOMNode *top, Visit visit) {
+    constexpr size_t kKeptAncestors = 32;
+    const DOMNode *ancestors[kKeptAncestors];
+    size_t depth = 0; // levels below the children of top
     const DOMNode *node = top->getFirstChild();
     while (node) {
         const DOMNode *next = nullptr;
-        if (HasContentChildren(node))
-            next = node->getFirstChild();
-        else if (const XMLCh *value = OwnValue(node))
+        if (HasContentChildren(node) && (next = node->getFirstChild()) != nullptr) {
+            if (depth < kKeptAncestors)
+                ancestors[depth] = node;
+            ++depth;
+        } else if (const XMLCh *value = OwnValue(node)) {
             visit(value);
-        while (!next && node != top) {
+        }
+        while (!next) {
             next = node->getNextSibling();
-            if (!next) {
-                node = node->getParentNode();
-                if (node == top)
-                    break;
-            }
+            if (next)
+                break;
+            if (depth == 0)
+                return;
+            --depth;
+            node = depth < kKeptAncestors ? ancestors[depth] : node->getParentNode();
         }
         node = next;
     }

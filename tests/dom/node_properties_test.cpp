@@ -324,6 +324,23 @@ TEST(TextContent, DeeplyNestedElementsGiveAllTheirText) {
     EXPECT_EQ(*text, WString(kDepth, u'x') + WString(kDepth, u'y'));
 }
 
+// Elements nested past any depth the read keeps track of on its own, with
+// text, elements and comments after every nested element, read at every
+// node as Xerces reads them.
+TEST(TextContent, EveryNodeOfADeepTreeReadsAsXercesReadsIt) {
+    std::string xml;
+    constexpr int kDepth = 70;
+    for (int d = 0; d < kDepth; ++d)
+        xml += "<e>t" + std::to_string(d) + "<s>s</s>";
+    for (int d = kDepth - 1; d >= 0; --d)
+        xml += "u" + std::to_string(d) + "<!--c--><f>f<g/></f></e>";
+    Document document = Loaded(xml);
+    const auto nodes = EveryNode(document);
+    ASSERT_GT(nodes.size(), 7u * kDepth);
+    for (size_t i = 0; i < nodes.size(); ++i)
+        EXPECT_EQ(TextContent(document, nodes[i]), XercesTextContent(nodes[i])) << "node " << i;
+}
+
 TEST(TextContent, RepeatedReadsOfOneElementAgree) {
     Document document = Loaded("<r>a<b>b</b>c</r>");
     ZuXmlNode root = ZuXmlGetRootNode(document);

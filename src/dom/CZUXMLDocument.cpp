@@ -64,6 +64,7 @@ int32_t CZUXMLDocument::BuildDocument(DOMImplementation *implementation, const X
     m_pDocument = implementation->createDocument(XMLPlatformUtils::fgMemoryManager);
     if (!m_pDocument)
         return 0;
+    HoldsCallersText();
     if (systemId)
         m_pDocument->appendChild(m_pDocument->createDocumentType(root, nullptr, systemId));
     m_pDocument->appendChild(m_pDocument->createElementNS(nameSpace, root));
@@ -125,7 +126,14 @@ int32_t CZUXMLDocument::Load(DOMLSInput *input, const XMLCh *path) {
     } catch (...) {
         return 0;
     }
-    return m_pDocument ? 1 : 0;
+    if (!m_pDocument)
+        return 0;
+    // The parser refuses a lone surrogate wherever the document itself has
+    // one, but not in the attribute defaults of a DTD, whose namespace
+    // declarations then name elements: only a document with a document type
+    // may hold, as loaded, text that the file serializer could never finish.
+    m_bUncheckedText = m_pDocument->getDoctype() != nullptr;
+    return 1;
 }
 
 int32_t CZUXMLDocument::LoadFromFile(const XMLCh *path) { return Load(nullptr, path); }

@@ -97,6 +97,13 @@ private:
     xercesc::DOMLSSerializer *NewSerializer(xercesc::DOMImplementationLS *&implementation) const;
     XMLCh *Serialise(size_t &length) const;
     void EditReaches(DOMNode *node);
+    // Text that comes from the caller rather than the parser (see
+    // m_bUncheckedText): set by this object's edits of its own document,
+    // and on the DOM document itself for the one edit that may reach
+    // another handle's document, a CDATA section's new text.
+    void HoldsCallersText() { m_bUncheckedText = true; }
+    static void CdataGetsCallersText(DOMNode *node);
+    bool MayHoldUnwritableText() const;
 
     xercesc::DOMDocument *m_pDocument = nullptr;
     xercesc::DOMLSParser *m_pParser = nullptr;
@@ -106,6 +113,12 @@ private:
     XMLCh *m_pWritten = nullptr;
     size_t m_nWritten = 0;
     bool m_bWrittenKept = false;
+    // Whether the document may hold text the parser has not checked: text
+    // that came from the caller, or a loaded document's DTD (see Load). The
+    // parser refuses a lone surrogate in the document itself, so only such
+    // text can make Xerces' file serializer loop for ever, and only then
+    // does a file write look for it first.
+    bool m_bUncheckedText = false;
 };
 
 // The Xerces DOM implementation for "Core", looked up afresh on each use.

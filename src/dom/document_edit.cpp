@@ -24,6 +24,7 @@ DOMNode *CZUXMLDocument::AddNode(DOMNode *parent, const XMLCh *name, uint16_t ty
     if (!parent || type != kElementNodeType)
         return nullptr;
     EditReaches(parent);
+    HoldsCallersText();
     DOMElement *element;
     try {
         element = nameSpace ? m_pDocument->createElementNS(nameSpace, name) : m_pDocument->createElement(name);
@@ -72,6 +73,8 @@ DOMNode *CZUXMLDocument::AddNodeExisting(DOMNode *parent, DOMNode *source, int32
     if (!parent)
         return nullptr;
     EditReaches(parent);
+    // The copy's text was checked by no parser of this document's.
+    HoldsCallersText();
     DOMNode *copy = nullptr;
     try {
         // Only a flag of exactly 1 copies the subtree.
@@ -100,6 +103,10 @@ int32_t CZUXMLDocument::RemoveNode(DOMNode *node) {
 
 int32_t CZUXMLDocument::SetNodeTextContent(DOMNode *node, const XMLCh *text) {
     EditReaches(node);
+    // The only text this edit gives that the file serializer writes
+    // unchecked: a CDATA section's, whichever document holds it.
+    if (node->getNodeType() == DOMNode::CDATA_SECTION_NODE)
+        CdataGetsCallersText(node);
     try {
         node->setTextContent(text);
     } catch (const DOMException &) {

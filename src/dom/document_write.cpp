@@ -21,6 +21,9 @@ namespace {
 // The DOM user-data key under which a document names the object that keeps
 // its written text.
 const XMLCh kWriterKey[] = u"zuxml-written-text";
+// The DOM user-data key that marks a document one of whose CDATA sections
+// took text through the interface, whichever handle made the edit.
+const XMLCh kCdataKey[] = u"zuxml-cdata-text";
 
 // The UTF-16 text a serializer writes, gathered in memory of Xerces' default
 // memory manager so that the finished text is handed over as it stands:
@@ -96,7 +99,7 @@ int32_t CZUXMLDocument::WriteToFile(const XMLCh *path, bool pretty) {
     int32_t result = 0;
     try {
         // Refused before the file is opened or truncated.
-        if (WriteWouldNotReturn(m_pDocument)) {
+        if (MayHoldUnwritableText() && WriteWouldNotReturn(m_pDocument)) {
             serializer->release();
             return 0;
         }
@@ -173,6 +176,15 @@ void CZUXMLDocument::DropWrittenText() {
     m_bWrittenKept = false;
     XMLString::release(&m_pWritten, XMLPlatformUtils::fgMemoryManager);
     m_nWritten = 0;
+}
+
+void CZUXMLDocument::CdataGetsCallersText(DOMNode *node) {
+    if (DOMDocument *document = node->getOwnerDocument())
+        document->setUserData(kCdataKey, document, nullptr);
+}
+
+bool CZUXMLDocument::MayHoldUnwritableText() const {
+    return m_bUncheckedText || m_pDocument->getUserData(kCdataKey) != nullptr;
 }
 
 // An edit through this object's call reaches node's document. Its own text

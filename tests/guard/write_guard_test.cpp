@@ -100,6 +100,46 @@ ZuXmlDocument Ucs4Cdata(const WString &text) {
     return WithCdataText(LoadedBytes(bytes), text);
 }
 
+// A loaded document's CDATA section given new text through a call on
+// another handle, which holds a document of its own.
+ZuXmlDocument CdataSetThroughAnotherHandle(const WString &text) {
+    ZuXmlDocument doc = LoadedBytes("<r><![CDATA[x]]></r>");
+    ZuXmlDocument other = Created(u"o", nullptr, nullptr);
+    ZuXmlNode cdata = doc ? ZuXmlGetFirstChild(doc, ZuXmlGetRootNode(doc)) : nullptr;
+    const bool set = cdata && other && ZuXmlSetNodeTextContentW(other, cdata, Z(text)) == 1;
+    ZuXmlReleaseDocument(other);
+    if (!set) {
+        ZuXmlReleaseDocument(doc);
+        return nullptr;
+    }
+    return doc;
+}
+
+// A UTF-8 document whose external DTD, in UCS-4, declares a namespace by
+// an attribute default: the namespace URI of element (the root r, or a p:c
+// under it) reaches the UTF-8 serializer as the DTD has it.
+ZuXmlDocument WithDtdDefaultNamespace(const WString &nameSpace, const char *attribute, const char *body) {
+    const std::string dtdPath = ScratchPath("default.dtd");
+    const std::string xmlPath = ScratchPath("default.xml");
+    std::string dtd;
+    for (char16_t c : WString(u"<?xml version='1.0' encoding='UCS-4'?><!ATTLIST r ") +
+                          WString(attribute, attribute + std::strlen(attribute)) + u" CDATA #FIXED '" + nameSpace +
+                          u"'>")
+        dtd += std::string{'\0', '\0', static_cast<char>(c >> 8), static_cast<char>(c & 0xFF)};
+    std::ofstream(dtdPath, std::ios::binary) << dtd;
+    std::ofstream(xmlPath, std::ios::binary) << "<?xml version='1.0' encoding='UTF-8'?><!DOCTYPE r SYSTEM '"
+                                             << dtdPath << "'>" << body;
+    ZuXmlDocument doc = ZuXmlCreateDocument();
+    const int32_t loaded = ZuXmlLoadFromFileA(doc, xmlPath.c_str());
+    std::filesystem::remove(dtdPath);
+    std::filesystem::remove(xmlPath);
+    if (loaded != 1) {
+        ZuXmlReleaseDocument(doc);
+        return nullptr;
+    }
+    return doc;
+}
+
 ZuXmlDocument WithAddedElementNamespace(const WString &nameSpace) {
     ZuXmlDocument doc = Created(u"r", nullptr, nullptr);
     if (doc && !ZuXmlAddNodeW(doc, nullptr, u"c", 1, nullptr, Z(nameSpace))) {
@@ -145,6 +185,11 @@ std::vector<Case> Triggers() {
         {"CDATA with a lead surrogate before ]]>", [] { return Utf8Cdata(Lead(u"x", u"]]>y")); }},
         {"CDATA ending in a trail then a lead", [] { return Utf8Cdata(WString(u"x") + kTrail + kLead); }},
         {"imported CDATA ending in a lead surrogate", [] { return WithImportedCdata(Lead(u"x", u"")); }},
+        {"CDATA set through another handle", [] { return CdataSetThroughAnotherHandle(Lead(u"x", u"")); }},
+        {"default namespace declared by an external DTD",
+         [] { return WithDtdDefaultNamespace(Lead(u"urn:a", u""), "xmlns", "<r/>"); }},
+        {"prefixed namespace declared by an external DTD",
+         [] { return WithDtdDefaultNamespace(Lead(u"urn:a", u""), "xmlns:p", "<r><p:c/></r>"); }},
         {"UCS-4 document with CDATA ending in a lead surrogate", [] { return Ucs4Cdata(Lead(u"x", u"")); }},
     };
     // In a namespace URI the serializer escapes these, each ending a run.
@@ -273,6 +318,48 @@ TEST_F(WriteGuard, DocumentsXercesWritesAreWrittenByteForByteAsXercesWritesThem)
     }
     std::filesystem::remove(ours);
     std::filesystem::remove(theirs);
+}
+
+// A file write looks for such runs only in a document that took text from
+// the caller (built, added to, imported into, or a CDATA section set) or
+// that has a document type: the parser refuses a lone surrogate everywhere
+// in the document itself, from UTF-16 text, from surrogates encoded in
+// UTF-8 and from UCS-4, but not in a DTD's attribute defaults, whose
+// namespace declarations then name the elements. Paired, the same text
+// loads.
+TEST_F(WriteGuard, LoadsRefuseALoneSurrogateOutsideTheDtd) {
+    const WString lone(1, kLead), pair = WString(1, kLead) + kTrail;
+    const char16_t *const kPlaces[][2] = {
+        {u"<r xmlns='urn:", u"'/>"},
+        {u"<r xmlns='urn:", u"&amp;'/>"},
+        {u"<r xmlns:p='urn:", u"' p:a='1'/>"},
+        {u"<r><![CDATA[x", u"]]></r>"},
+        {u"<r><![CDATA[x", u"]]]></r>"},
+        {u"<r a='x", u"'/>"},
+        {u"<r>x", u"</r>"},
+    };
+    auto loads = [](const WString &text) {
+        ZuXmlDocument doc = ZuXmlCreateDocument();
+        const int32_t result = ZuXmlLoadFromBufW(doc, Z(text), static_cast<uint32_t>(text.size()));
+        ZuXmlReleaseDocument(doc);
+        return result;
+    };
+    for (const auto &place : kPlaces) {
+        EXPECT_EQ(loads(WString(place[0]) + lone + place[1]), 0) << "place " << (&place - kPlaces);
+        EXPECT_EQ(loads(WString(place[0]) + pair + place[1]), 1) << "place " << (&place - kPlaces) << ", paired";
+    }
+    // U+D800 as UTF-8 would encode it, and as a UCS-4 character.
+    EXPECT_EQ(LoadedBytes("<r xmlns='urn:\xED\xA0\x80'/>"), nullptr);
+    EXPECT_EQ(LoadedBytes("<r><![CDATA[\xED\xA0\x80]]></r>"), nullptr);
+    std::string ucs4;
+    for (char c : std::string("<?xml version='1.0' encoding='UCS-4'?><r><![CDATA[x"))
+        ucs4 += std::string(3, '\0') + c;
+    ucs4 += std::string("\0\0\xD8\0", 4);
+    for (char c : std::string("]]></r>"))
+        ucs4 += std::string(3, '\0') + c;
+    EXPECT_EQ(LoadedBytes(ucs4), nullptr);
+    // In a DTD's attribute default it passes, and declares the namespace.
+    EXPECT_EQ(loads(WString(u"<!DOCTYPE r [<!ATTLIST r xmlns CDATA #FIXED 'urn:") + lone + u"'>]><r/>"), 1);
 }
 
 // Xerces writes the last block of output when the file is closed, after the

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // Bytes loaded through ZuXmlLoadFromBufA, or from a file through
-// ZuXmlLoadFromFileA or W, as the input chooses; then a walk over every node
-// reading every property in both forms, a few edits and serialisation, and
-// at times the same bytes loaded again into the edited handle.
+// ZuXmlLoadFromFileA or W, as the input chooses; then at times a file write
+// of the document as loaded, a walk over every node reading every property
+// in both forms, a few edits and serialisation, and at times the same bytes
+// loaded again into the edited handle.
 #include <clocale>
 
 #include "fuzz_walk.h"
@@ -41,6 +42,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size) {
     const int how = data.ConsumeIntegralInRange<int>(0, 7) < 6 ? 0 : data.ConsumeIntegralInRange<int>(1, 2);
     ZuXmlDocument doc = ZuXmlCreateDocument();
     if (Load(doc, xml, how) == 1) {
+        // Written as loaded, before any edit, and then walked.
+        if (data.ConsumeBool())
+            zuxml_fuzz::Check(zuxml_fuzz::WriteFile(doc, data.ConsumeIntegralInRange<int>(0, 3)) <= 1);
         zuxml_fuzz::WalkDocument(doc, data);
         zuxml_fuzz::EditAndWrite(doc, data);
         // A reload replaces the edited document with the bytes as they were.

@@ -19,6 +19,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size) {
     ZuXmlDocument doc = ZuXmlCreateDocument();
     const uint32_t units = static_cast<uint32_t>(raw.size() / 2);
     if (ZuXmlLoadFromBufW(doc, text.data(), units) == 1) {
+        // Written as loaded, before any edit, and then walked.
+        if (data.ConsumeBool())
+            zuxml_fuzz::Check(zuxml_fuzz::WriteFile(doc, data.ConsumeIntegralInRange<int>(0, 3)) <= 1);
         zuxml_fuzz::WalkDocument(doc, data);
         zuxml_fuzz::EditAndWrite(doc, data);
         // A reload replaces the edited document with the text as it was.

@@ -288,6 +288,9 @@ ZUXML_API int32_t ZuXmlLoadFromBufW(ZuXmlDocument hDocument, const ZuXmlWChar *s
  *           the document type's public or system identifier or of a CDATA
  *           section, before `]]>` in a CDATA section, or in a namespace URI
  *           before `&`, `<`, `"`, a tab, a line feed or a carriage return.
+ *           Such text reaches a document only through this interface's
+ *           edits or, in a loaded document, through its DTD's attribute
+ *           defaults: the parser refuses a lone surrogate everywhere else.
  */
 ZUXML_API int32_t ZuXmlWriteW(ZuXmlDocument hDocument, const ZuXmlWChar *szPath);
 ZUXML_API int32_t ZuXmlWriteA(ZuXmlDocument hDocument, const char *szPath);

@@ -62,11 +62,16 @@ configure_and_build() {
 }
 step "ZUXML.dll and its tests" configure_and_build
 
-# A failing test fails the script after the summary line below.
+# A failing test fails the script after the summary line below. Now and
+# then (about one full run in ten, never the same test twice) a wine64
+# process does not exit after its program has printed GoogleTest's final
+# PASSED line and returned; the test then times out. Such a test is run
+# again, up to twice: a test that fails, or that hangs every time, still
+# fails the script.
 status=0
 run_tests() {
   ctest --test-dir "$build/zuxml" --output-on-failure --parallel "$ZUXML_JOBS" \
-    --timeout "${ZUXML_TEST_TIMEOUT:-300}" || status=$?
+    --timeout "${ZUXML_TEST_TIMEOUT:-300}" --repeat after-timeout:3 || status=$?
 }
 step "Tests under Wine" run_tests
 echo "== Windows build and tests: $((SECONDS - started)) s"

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLString.hpp>
 
 #include "frame/narrow.h"
@@ -43,11 +42,6 @@ void WriteNarrow(bool wrote, const TextResult &text, char *buffer, int32_t capac
 
 } // namespace
 
-TextResult::~TextResult() {
-    if (m_pOwned)
-        XMLString::release(&m_pOwned, XMLPlatformUtils::fgMemoryManager);
-}
-
 void TextResult::View(const XMLCh *text) {
     m_pText = text ? text : u"";
     m_nLength = XMLString::stringLen(m_pText);
@@ -56,11 +50,6 @@ void TextResult::View(const XMLCh *text) {
 void TextResult::View(const XMLCh *text, size_t length) {
     m_pText = text;
     m_nLength = length;
-}
-
-void TextResult::Adopt(XMLCh *text) {
-    m_pOwned = text;
-    View(text);
 }
 
 void TextResult::Defer(size_t length, Writer writer, const void *source) {

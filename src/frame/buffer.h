@@ -36,14 +36,11 @@ public:
     TextResult() = default;
     TextResult(const TextResult &) = delete;
     TextResult &operator=(const TextResult &) = delete;
-    ~TextResult();
 
     // Views text; NULL reads as the empty string.
     void View(const XMLCh *text);
     // Views text of a known length, zero-terminated there.
     void View(const XMLCh *text, size_t length);
-    // Takes ownership of text made by Xerces' default memory manager.
-    void Adopt(XMLCh *text);
     // Text of length units that writer makes from source on demand: a
     // getter whose text does not fit then never builds it, and one whose
     // text fits builds it straight into the caller's buffer.
@@ -58,7 +55,6 @@ public:
 private:
     mutable const XMLCh *m_pText = u"";
     size_t m_nLength = 0;
-    XMLCh *m_pOwned = nullptr;
     Writer m_pWriter = nullptr;
     const void *m_pSource = nullptr;
     mutable std::basic_string<XMLCh> m_Built;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // Random buffer lengths, 0, negative and exact among them, against every
-// getter of text on a fixed document with non-ASCII and non-BMP text.
-#include <clocale>
-
+// getter of text on a fixed document with non-ASCII and non-BMP text,
+// under a locale the input chooses.
 #include "fuzz_walk.h"
+#include "locale_choice.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size) {
     FuzzedDataProvider data(bytes, size);
-    std::setlocale(LC_ALL, data.ConsumeBool() ? "C.UTF-8" : "C");
+    zuxml_fuzz::ChooseLocale(data);
     const int steps = data.ConsumeIntegralInRange<int>(0, 4);
     ZuXmlNode node = ZuXmlGetRootNode(g_Document);
     for (int i = 0; i < steps && node; ++i)

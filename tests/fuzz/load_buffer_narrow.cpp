@@ -3,10 +3,12 @@
 // ZuXmlLoadFromFileA or W, as the input chooses; then at times a file write
 // of the document as loaded, a walk over every node reading every property
 // in both forms, a few edits and serialisation, and at times the same bytes
-// loaded again into the edited handle.
+// loaded again into the edited handle; all under a locale the input
+// chooses.
 #include <clocale>
 
 #include "fuzz_walk.h"
+#include "locale_choice.h"
 #include "scratch_file.h"
 
 namespace {
@@ -38,6 +40,7 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size) {
     FuzzedDataProvider data(bytes, size);
     const std::string xml = data.ConsumeRandomLengthString(size);
+    zuxml_fuzz::ChooseLocale(data);
     // Mostly from memory: a file load parses the same bytes the same way.
     const int how = data.ConsumeIntegralInRange<int>(0, 7) < 6 ? 0 : data.ConsumeIntegralInRange<int>(1, 2);
     ZuXmlDocument doc = ZuXmlCreateDocument();

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // UTF-16 units through ZuXmlLoadFromBufW, then the same walk, edits,
-// serialisation and reload as the narrow target.
+// serialisation and reload as the narrow target, under a locale the input
+// chooses.
 #include <clocale>
 #include <cstring>
 
 #include "fuzz_walk.h"
+#include "locale_choice.h"
 
 extern "C" int LLVMFuzzerInitialize(int *, char ***) {
     std::setlocale(LC_ALL, "C.UTF-8");
@@ -14,6 +16,7 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size) {
     FuzzedDataProvider data(bytes, size);
     const std::string raw = data.ConsumeRandomLengthString(size);
+    zuxml_fuzz::ChooseLocale(data);
     std::vector<ZuXmlWChar> text(raw.size() / 2 + 1);
     std::memcpy(text.data(), raw.data(), raw.size() / 2 * 2);
     ZuXmlDocument doc = ZuXmlCreateDocument();

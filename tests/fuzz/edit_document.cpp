@@ -2,17 +2,20 @@
 // The editing entry points driven by the input: a document created for
 // writing (or loaded from a few bytes), then a program of edits read from
 // the input: add elements, comments and attributes, set text and values,
-// remove nodes and attributes, import from a second document, read nodes
+// remove nodes and attributes, import from a second document, take hold
+// of the nodes under a node (read-only entity content too), read nodes
 // back, and write to a string and to the null device, which also exercises
 // the check for documents the serializer could never finish; each in its
 // wide form and most in their narrow form too. Texts are dictionary names,
-// short ASCII strings or raw UTF-16 units, lone surrogates included.
+// short ASCII strings or raw UTF-16 units, lone surrogates included; the
+// locale the narrow forms follow is the input's choice.
 #include <xercesc/dom/DOMException.hpp>
 
 #include <algorithm>
 #include <clocale>
 
 #include "fuzz_walk.h"
+#include "locale_choice.h"
 
 namespace {
 
@@ -20,6 +23,7 @@ using zuxml_fuzz::Check;
 using WString = std::basic_string<ZuXmlWChar>;
 
 constexpr uint16_t kElement = 1;
+constexpr uint16_t kEntityReference = 5;
 
 WString PickText(FuzzedDataProvider &data) {
     static const char *const kWords[] = {"a", "b", "p:c", "q:d", "xmlns", "xmlns:p", "xml:lang", "urn:p", "urn:q",
@@ -52,12 +56,21 @@ std::string Narrow(const WString &text) {
     return bytes;
 }
 
+// Now and then NULL instead of the text, which the functions refuse.
+const ZuXmlWChar *OrNull(FuzzedDataProvider &data, const WString &text) {
+    return data.ConsumeIntegralInRange<int>(0, 15) == 0 ? nullptr : text.c_str();
+}
+
 // The nodes the program may address: elements and comments it made or
 // found, each with its kind. Node handles die with their subtree.
 struct Nodes {
     std::vector<std::pair<ZuXmlNode, bool>> all; // node, is an element
 
     ZuXmlNode Pick(FuzzedDataProvider &data, bool elementOnly) const {
+        // Now and then no node: the root element for the functions that
+        // add, refused by the others.
+        if (data.ConsumeIntegralInRange<int>(0, 15) == 0)
+            return nullptr;
         std::vector<ZuXmlNode> candidates;
         for (const auto &[node, element] : all)
             if (element || !elementOnly)
@@ -82,6 +95,15 @@ struct Nodes {
                   all.end());
     }
 };
+
+// Whether node lies inside the expansion of an entity reference, which
+// Xerces keeps read-only: no edit of it, or of its children, can succeed.
+bool InsideEntityReference(ZuXmlDocument doc, ZuXmlNode node) {
+    for (ZuXmlNode n = ZuXmlGetParentNode(doc, node); n; n = ZuXmlGetParentNode(doc, n))
+        if (ZuXmlGetNodeType(doc, n) == kEntityReference)
+            return true;
+    return false;
+}
 
 ZuXmlDocument MakeDocument(FuzzedDataProvider &data) {
     if (data.ConsumeBool()) {
@@ -113,9 +135,9 @@ void RunProgram(ZuXmlDocument doc, ZuXmlDocument other, FuzzedDataProvider &data
         const WString text = PickText(data);
         const std::string narrow = Narrow(name);
         const std::string narrowText = Narrow(text);
-        switch (data.ConsumeIntegralInRange<int>(0, 17)) {
+        switch (data.ConsumeIntegralInRange<int>(0, 18)) {
         case 0:
-            nodes.Add(ZuXmlAddNodeW(doc, nodes.Pick(data, true), name.c_str(), data.ConsumeBool() ? kElement : 3,
+            nodes.Add(ZuXmlAddNodeW(doc, nodes.Pick(data, true), OrNull(data, name), data.ConsumeBool() ? kElement : 3,
                                     data.ConsumeBool() ? text.c_str() : nullptr,
                                     data.ConsumeBool() ? PickText(data).c_str() : nullptr),
                       true);
@@ -125,11 +147,11 @@ void RunProgram(ZuXmlDocument doc, ZuXmlDocument other, FuzzedDataProvider &data
                       true);
             break;
         case 2:
-            nodes.Add(ZuXmlAddCommentW(doc, nodes.Pick(data, true), text.c_str()), false);
+            nodes.Add(ZuXmlAddCommentW(doc, nodes.Pick(data, true), OrNull(data, text)), false);
             break;
         case 3: {
             ZuXmlNode element = nodes.Pick(data, true);
-            Check(ZuXmlAddNodeAttributeW(doc, element, name.c_str(), text.c_str()) <= 1);
+            Check(ZuXmlAddNodeAttributeW(doc, element, OrNull(data, name), text.c_str()) <= 1);
             break;
         }
         case 4: {
@@ -161,13 +183,14 @@ void RunProgram(ZuXmlDocument doc, ZuXmlDocument other, FuzzedDataProvider &data
         }
         case 8: {
             // A node whose parent's text was replaced is out of the tree;
-            // removing it answers 0 and leaves it as it is.
+            // removing it answers 0 and leaves it as it is. The root element
+            // may go too, leaving a document without one.
             ZuXmlNode node = nodes.Pick(data, false);
-            if (node && node != ZuXmlGetRootNode(doc)) {
+            if (node) {
                 const bool inTree = ZuXmlGetParentNode(doc, node) != nullptr;
                 if (inTree)
                     nodes.Forget(doc, node);
-                Check(ZuXmlRemoveNode(doc, node) == (inTree ? 1 : 0));
+                Check(ZuXmlRemoveNode(doc, node) == (inTree && !InsideEntityReference(doc, node) ? 1 : 0));
             }
             break;
         }
@@ -217,6 +240,24 @@ void RunProgram(ZuXmlDocument doc, ZuXmlDocument other, FuzzedDataProvider &data
                 Check(ZuXmlRemoveAttributeNameA(doc, element, narrow.c_str()) <= 1);
             break;
         }
+        case 17: {
+            // The nodes under one held join them, in document order: a
+            // loaded document's text, CDATA sections, processing
+            // instructions, entity references and what lies inside them.
+            const ZuXmlNode top = nodes.Pick(data, false);
+            ZuXmlNode node = top ? ZuXmlGetFirstChild(doc, top) : nullptr;
+            while (node && nodes.all.size() < 256) {
+                nodes.Add(node, ZuXmlGetNodeType(doc, node) == kElement);
+                if (ZuXmlNode child = ZuXmlGetFirstChild(doc, node)) {
+                    node = child;
+                    continue;
+                }
+                while (node && node != top && !ZuXmlGetNextSibling(doc, node))
+                    node = ZuXmlGetParentNode(doc, node);
+                node = node && node != top ? ZuXmlGetNextSibling(doc, node) : nullptr;
+            }
+            break;
+        }
         default:
             zuxml_fuzz::ReadNode(doc, nodes.Pick(data, false), data);
             break;
@@ -233,6 +274,7 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size) {
     FuzzedDataProvider data(bytes, size);
+    zuxml_fuzz::ChooseLocale(data);
     ZuXmlDocument doc = MakeDocument(data);
     if (!doc)
         return 0;

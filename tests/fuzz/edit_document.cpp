@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <clocale>
+#include <string_view>
 
 #include "fuzz_walk.h"
 #include "locale_choice.h"
@@ -26,12 +27,19 @@ constexpr uint16_t kElement = 1;
 constexpr uint16_t kEntityReference = 5;
 
 WString PickText(FuzzedDataProvider &data) {
-    static const char *const kWords[] = {"a", "b", "p:c", "q:d", "xmlns", "xmlns:p", "xml:lang", "urn:p", "urn:q",
-                                         "", "]]>", "1x", "text", "<&\">", "r.dtd"};
+    // The last three are bytes for the narrow forms (each byte a unit in
+    // the wide ones): a character beyond the BMP in UTF-8, an accented
+    // letter in UTF-8 and a kana in EUC-JP.
+    static const char *const kWords[] = {"a",     "b",      "p:c",  "q:d",     "xmlns", "xmlns:p",
+                                         "xml:lang", "urn:p", "urn:q", "",         "]]>",   "1x",
+                                         "text",  "<&\">", "r.dtd", "\xF0\x9F\x98\x80", "\xC3\xA9t\xC3\xA9", "\xA4\xA2"};
     switch (data.ConsumeIntegralInRange<int>(0, 2)) {
     case 0: {
-        const std::string word = kWords[data.ConsumeIntegralInRange<size_t>(0, std::size(kWords) - 1)];
-        return WString(word.begin(), word.end());
+        const std::string_view word = kWords[data.ConsumeIntegralInRange<size_t>(0, std::size(kWords) - 1)];
+        WString units;
+        for (const unsigned char byte : word)
+            units.push_back(byte);
+        return units;
     }
     case 1: {
         const std::string ascii = data.ConsumeRandomLengthString(24);

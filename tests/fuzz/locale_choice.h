@@ -1,4 +1,4 @@
-// SPDX-License-Identifier: Apache-2.0
+/* SPDX-License-Identifier: Apache-2.0 */
 // The C runtime locale an input runs under, which the narrow forms follow.
 #pragma once
 

@@ -192,8 +192,12 @@ inline void EditAndWrite(ZuXmlDocument doc, FuzzedDataProvider &data) {
     ReadNarrow(data, [&](char *b, int32_t *l) { return ZuXmlWriteToStringA(doc, b, l); });
     if (data.ConsumeBool())
         Check(WriteFile(doc, data.ConsumeIntegralInRange<int>(0, 3)) <= 1);
-    if (first && data.ConsumeBool())
-        Check(ZuXmlRemoveNode(doc, first) == (ZuXmlGetParentNode(doc, first) ? 1 : 0));
+    // Whether the node has a parent is asked before the removal: after it
+    // the handle names a released node, which no call may be given.
+    if (first && data.ConsumeBool()) {
+        const bool attached = ZuXmlGetParentNode(doc, first) != nullptr;
+        Check(ZuXmlRemoveNode(doc, first) == (attached ? 1 : 0));
+    }
 }
 
 } // namespace zuxml_fuzz

@@ -195,10 +195,12 @@ void RunProgram(ZuXmlDocument doc, ZuXmlDocument other, FuzzedDataProvider &data
             // may go too, leaving a document without one.
             ZuXmlNode node = nodes.Pick(data, false);
             if (node) {
+                // Asked before the removal, which releases the node.
                 const bool inTree = ZuXmlGetParentNode(doc, node) != nullptr;
+                const bool removable = inTree && !InsideEntityReference(doc, node);
                 if (inTree)
                     nodes.Forget(doc, node);
-                Check(ZuXmlRemoveNode(doc, node) == (inTree && !InsideEntityReference(doc, node) ? 1 : 0));
+                Check(ZuXmlRemoveNode(doc, node) == (removable ? 1 : 0));
             }
             break;
         }

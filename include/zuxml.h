@@ -441,7 +441,11 @@ ZUXML_API int32_t ZuXmlGetLocalNodeNameA(ZuXmlDocument hDocument, ZuXmlNode hNod
  * \{ */
 /**
  * The text of a node and all its descendants, joined in document order
- * (empty for the document node).
+ * (empty for the document node). Asking with length 0 and then calling
+ * again with the reported length counts an element's text once: the call
+ * that answered 0 keeps the length for the next call on the same handle.
+ * The answer is always the text as it is when the call is made; any other
+ * call on the handle and any change of the document drop what was kept.
  * \param hDocument The document handle.
  * \param hNode     The node.
  * \param szBuffer  Receives the text.

@@ -32,7 +32,7 @@ CZUXMLDocument::~CZUXMLDocument() { ReleaseContents(); }
 // A document built here belongs to this object; a loaded one belongs to
 // the parser, which frees every document it produced when released.
 void CZUXMLDocument::ReleaseContents() {
-    DropWrittenText();
+    DropKept();
     if (m_pDocument && !m_pParser) {
         m_pDocument->release();
     } else if (m_pParser) {

@@ -46,13 +46,24 @@ public:
     // the text stays for the next WriteToString, so that asking for the
     // length and then filling a buffer of that length serialises once.
     void KeepWrittenText();
-    // Every other call on the handle, and every change of the document,
-    // drops the kept text: it is handed out only for an unchanged document
-    // and never held longer than until the next call.
+    // After a successful WriteToString: its text goes.
     void DropWrittenText();
+    // After a text content read whose buffer could not take the text: the
+    // length it counted stays for the next call, so that asking for the
+    // length of an element's text and then filling a buffer of that length
+    // counts once.
+    void KeepCountedLength();
+    // A WriteToString call, which does not drop its own kept text as it
+    // begins, still drops a kept length.
+    void DropCountedLength();
+    // Every other call on the handle, and every change of the document,
+    // drops what was kept (document_kept.cpp): it is used only for an
+    // unchanged document and never held longer than until the next call.
+    void DropKept();
     // Every entry point but WriteToString's tells the object of its call
-    // through the boundary helper; the kept text goes then.
-    void OnEntry() { DropWrittenText(); }
+    // through the boundary helper; what the last call kept goes then, but
+    // for a counted length, which this call may still use.
+    void OnEntry();
 
     // Node reading.
     DOMNode *RootNode() const;
@@ -65,7 +76,7 @@ public:
     uint16_t NodeType(DOMNode *node) const;
     int32_t NodeName(DOMNode *node, TextResult &text) const;
     int32_t LocalNodeName(DOMNode *node, TextResult &localName, TextResult &prefix) const;
-    int32_t NodeTextContent(DOMNode *node, TextResult &text) const;
+    int32_t NodeTextContent(DOMNode *node, TextResult &text);
     int32_t NodeNamespace(DOMNode *node, TextResult &text) const;
 
     // Node editing.
@@ -97,6 +108,7 @@ private:
     xercesc::DOMLSSerializer *NewSerializer(xercesc::DOMImplementationLS *&implementation) const;
     XMLCh *Serialise(size_t &length) const;
     void EditReaches(DOMNode *node);
+    void UpdateKeeperName();
     // Text that comes from the caller rather than the parser (see
     // m_bUncheckedText): set by this object's edits of its own document,
     // and on the DOM document itself for the one edit that may reach
@@ -113,6 +125,17 @@ private:
     XMLCh *m_pWritten = nullptr;
     size_t m_nWritten = 0;
     bool m_bWrittenKept = false;
+    // The length of an element's text content that this call counted, and
+    // the one the last call counted and kept for this one.
+    struct CountedText {
+        const DOMNode *node = nullptr;
+        size_t length = 0;
+    };
+    CountedText m_Counted;
+    CountedText m_Offered;
+    bool m_bCountKept = false;
+    // Whether the DOM document names this object as keeping something.
+    bool m_bNamedKeeper = false;
     // Whether the document may hold text the parser has not checked: text
     // that came from the caller, or a loaded document's DTD (see Load). The
     // parser refuses a lone surrogate in the document itself, so only such

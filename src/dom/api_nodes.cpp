@@ -70,12 +70,16 @@ ZUXML_API int32_t ZuXmlGetLocalNodeNameA(ZuXmlDocument hDocument, ZuXmlNode hNod
 
 ZUXML_API int32_t ZuXmlGetNodeTextContentW(ZuXmlDocument hDocument, ZuXmlNode hNode, ZuXmlWChar *szBuffer,
                                            int32_t *pnLength) {
-    return ReadTextW(hDocument, &CZUXMLDocument::NodeTextContent, szBuffer, pnLength, hNode);
+    return ReadContent(hDocument, hNode, [&](int32_t result, const TextResult &text) {
+        return DeliverW(result, text, AsXml(szBuffer), pnLength);
+    });
 }
 
 ZUXML_API int32_t ZuXmlGetNodeTextContentA(ZuXmlDocument hDocument, ZuXmlNode hNode, char *szBuffer,
                                            int32_t *pnLength) {
-    return ReadTextA(hDocument, &CZUXMLDocument::NodeTextContent, szBuffer, pnLength, hNode);
+    return ReadContent(hDocument, hNode, [&](int32_t result, const TextResult &text) {
+        return DeliverA(result, text, szBuffer, pnLength);
+    });
 }
 
 ZUXML_API int32_t ZuXmlGetNodeNamespaceW(ZuXmlDocument hDocument, ZuXmlNode hNode, ZuXmlWChar *szBuffer,

@@ -4,6 +4,8 @@
 // root element where a NULL node means the root.
 #include "dom/CZUXMLDocument.h"
 
+#include <algorithm>
+
 #include <xercesc/util/XMLString.hpp>
 
 XERCES_CPP_NAMESPACE_USE
@@ -19,8 +21,8 @@ namespace {
 // every read and frees it only with the document; here the length is
 // counted first and the units are written only where the caller's buffer
 // takes them.
-bool HasContentChildren(const DOMNode *node) {
-    switch (node->getNodeType()) {
+bool HasContentChildren(DOMNode::NodeType type) {
+    switch (type) {
     case DOMNode::ELEMENT_NODE:
     case DOMNode::ENTITY_NODE:
     case DOMNode::ENTITY_REFERENCE_NODE:
@@ -31,23 +33,28 @@ bool HasContentChildren(const DOMNode *node) {
     }
 }
 
-// The value a child contributes on its own, or NULL for none.
-const XMLCh *OwnValue(const DOMNode *node) {
-    switch (node->getNodeType()) {
-    case DOMNode::ATTRIBUTE_NODE:
-    case DOMNode::TEXT_NODE:
-    case DOMNode::CDATA_SECTION_NODE:
-        return node->getNodeValue();
-    default:
-        return nullptr;
-    }
+// Whether a child of that type contributes a value of its own.
+bool HasOwnValue(DOMNode::NodeType type) {
+    return type == DOMNode::TEXT_NODE || type == DOMNode::CDATA_SECTION_NODE || type == DOMNode::ATTRIBUTE_NODE;
 }
 
-// Visits, in document order, the value of every node below top that the
-// text content takes; without recursion, so depth costs no stack. The way
-// back up goes through the ancestors kept on the way down: Xerces answers
-// getParentNode through a dynamic_cast, which would cost more than all the
-// rest of a short element's read. Past kKeptAncestors levels it is asked.
+// The length of a value-bearing child's value in units. A text or CDATA
+// section knows its own length, so counting never reads its units (the
+// parser refuses U+0000, and every text that reaches the DOM through
+// this library ends at its first zero unit, so that length is also the
+// length up to the terminator).
+size_t OwnLength(const DOMNode *node, DOMNode::NodeType type) {
+    if (type == DOMNode::ATTRIBUTE_NODE)
+        return XMLString::stringLen(node->getNodeValue());
+    return static_cast<const DOMCharacterData *>(node)->getLength();
+}
+
+// Visits, in document order, every node below top whose value the text
+// content takes, with its type; without recursion, so depth costs no stack.
+// The way back up goes through the ancestors kept on the way down: Xerces
+// answers getParentNode through a dynamic_cast, which would cost more than
+// all the rest of a short element's read. Past kKeptAncestors levels it is
+// asked.
 template <class Visit> void ForEachContentValue(const DOMNode *top, Visit visit) {
     constexpr size_t kKeptAncestors = 32;
     const DOMNode *ancestors[kKeptAncestors];
@@ -55,12 +62,15 @@ template <class Visit> void ForEachContentValue(const DOMNode *top, Visit visit)
     const DOMNode *node = top->getFirstChild();
     while (node) {
         const DOMNode *next = nullptr;
-        if (HasContentChildren(node) && (next = node->getFirstChild()) != nullptr) {
-            if (depth < kKeptAncestors)
-                ancestors[depth] = node;
-            ++depth;
-        } else if (const XMLCh *value = OwnValue(node)) {
-            visit(value);
+        const DOMNode::NodeType type = node->getNodeType();
+        if (HasContentChildren(type)) {
+            if ((next = node->getFirstChild()) != nullptr) {
+                if (depth < kKeptAncestors)
+                    ancestors[depth] = node;
+                ++depth;
+            }
+        } else if (HasOwnValue(type)) {
+            visit(node, type);
         }
         while (!next) {
             next = node->getNextSibling();
@@ -77,14 +87,15 @@ template <class Visit> void ForEachContentValue(const DOMNode *top, Visit visit)
 
 size_t ContentLength(const DOMNode *top) {
     size_t length = 0;
-    ForEachContentValue(top, [&](const XMLCh *value) { length += XMLString::stringLen(value); });
+    ForEachContentValue(top, [&](const DOMNode *node, DOMNode::NodeType type) { length += OwnLength(node, type); });
     return length;
 }
 
 void WriteContent(const void *top, XMLCh *out) {
-    ForEachContentValue(static_cast<const DOMNode *>(top), [&](const XMLCh *value) {
-        while (*value)
-            *out++ = *value++;
+    ForEachContentValue(static_cast<const DOMNode *>(top), [&](const DOMNode *node, DOMNode::NodeType type) {
+        const size_t length = OwnLength(node, type);
+        std::copy_n(node->getNodeValue(), length, out);
+        out += length;
     });
 }
 
@@ -152,12 +163,17 @@ int32_t CZUXMLDocument::LocalNodeName(DOMNode *node, TextResult &localName, Text
 }
 
 // An element's text is counted and written here; every other kind of node
-// answers what Xerces answers.
-int32_t CZUXMLDocument::NodeTextContent(DOMNode *node, TextResult &text) const {
-    if (node->getNodeType() == DOMNode::ELEMENT_NODE)
-        text.Defer(ContentLength(node), WriteContent, node);
-    else
+// answers what Xerces answers. The length counted is remembered, so that a
+// read whose buffer was too small can keep it for the next call.
+int32_t CZUXMLDocument::NodeTextContent(DOMNode *node, TextResult &text) {
+    if (node->getNodeType() == DOMNode::ELEMENT_NODE) {
+        // A length the last call kept is the length now: nothing has
+        // changed the document since (document_kept.cpp).
+        m_Counted = m_Offered.node == node ? m_Offered : CountedText{node, ContentLength(node)};
+        text.Defer(m_Counted.length, WriteContent, node);
+    } else {
         text.View(node->getTextContent());
+    }
     return 1;
 }
 

@@ -18,9 +18,6 @@ namespace zuxml {
 
 namespace {
 
-// The DOM user-data key under which a document names the object that keeps
-// its written text.
-const XMLCh kWriterKey[] = u"zuxml-written-text";
 // The DOM user-data key that marks a document one of whose CDATA sections
 // took text through the interface, whichever handle made the edit.
 const XMLCh kCdataKey[] = u"zuxml-cdata-text";
@@ -158,26 +155,6 @@ int32_t CZUXMLDocument::WriteToString(TextResult &text) {
     return 1;
 }
 
-// While text is kept, the DOM document names this object, so that an edit
-// made through another handle's call (with a node of this document) finds
-// the text to drop.
-void CZUXMLDocument::KeepWrittenText() {
-    if (!m_pWritten || m_bWrittenKept)
-        return;
-    m_pDocument->setUserData(kWriterKey, this, nullptr);
-    m_bWrittenKept = true;
-}
-
-void CZUXMLDocument::DropWrittenText() {
-    if (!m_pWritten)
-        return;
-    if (m_bWrittenKept)
-        m_pDocument->setUserData(kWriterKey, nullptr, nullptr);
-    m_bWrittenKept = false;
-    XMLString::release(&m_pWritten, XMLPlatformUtils::fgMemoryManager);
-    m_nWritten = 0;
-}
-
 void CZUXMLDocument::CdataGetsCallersText(DOMNode *node) {
     if (DOMDocument *document = node->getOwnerDocument())
         document->setUserData(kCdataKey, document, nullptr);
@@ -185,19 +162,6 @@ void CZUXMLDocument::CdataGetsCallersText(DOMNode *node) {
 
 bool CZUXMLDocument::MayHoldUnwritableText() const {
     return m_bUncheckedText || m_pDocument->getUserData(kCdataKey) != nullptr;
-}
-
-// An edit through this object's call reaches node's document. Its own text
-// was dropped when the call began; another object's document may also be
-// reached, through a node handle of that document.
-void CZUXMLDocument::EditReaches(DOMNode *node) {
-    if (!node)
-        return;
-    DOMDocument *document = node->getNodeType() == DOMNode::DOCUMENT_NODE ? static_cast<DOMDocument *>(node)
-                                                                          : node->getOwnerDocument();
-    if (document && document != m_pDocument)
-        if (auto *writer = static_cast<CZUXMLDocument *>(document->getUserData(kWriterKey)))
-            writer->DropWrittenText();
 }
 
 } // namespace zuxml

@@ -43,12 +43,25 @@ template <class Deliver> int32_t WriteText(ZuXmlDocument handle, Deliver deliver
     if (!handle)
         return deliver(0, text);
     CZUXMLDocument *document = FromHandle<CZUXMLDocument>(handle);
+    document->DropCountedLength();
     if (deliver(document->WriteToString(text), text) == 1) {
         document->DropWrittenText();
         return 1;
     }
     document->KeepWrittenText();
     return 0;
+}
+
+// A node's text content, handed out by deliver (the caller-buffer protocol,
+// wide or narrow): when the buffer could not take an element's text, the
+// length counted is kept for the next call, which then need not count it
+// again if it reads the same element.
+template <class Deliver> int32_t ReadContent(ZuXmlDocument handle, ZuXmlNode node, Deliver deliver) {
+    TextResult text;
+    const int32_t result = deliver(CallOnNode(handle, 0, &CZUXMLDocument::NodeTextContent, NodeOf(node), text), text);
+    if (result == 0 && handle)
+        FromHandle<CZUXMLDocument>(handle)->KeepCountedLength();
+    return result;
 }
 
 } // namespace zuxml

@@ -28,6 +28,29 @@ Document Built(const char16_t *root, const char16_t *nameSpace, const char16_t *
     return document;
 }
 
+// Every node of the document in document order, through the interface.
+std::vector<ZuXmlNode> EveryNode(ZuXmlDocument document) {
+    std::vector<ZuXmlNode> nodes;
+    ZuXmlNode documentNode = ZuXmlGetParentNode(document, ZuXmlGetRootNode(document));
+    nodes.push_back(documentNode);
+    for (ZuXmlNode node = ZuXmlGetFirstChild(document, documentNode); node;) {
+        nodes.push_back(node);
+        ZuXmlNode next = ZuXmlGetFirstChild(document, node);
+        while (!next && node) {
+            next = ZuXmlGetNextSibling(document, node);
+            if (!next)
+                node = ZuXmlGetParentNode(document, node);
+        }
+        node = next;
+    }
+    return nodes;
+}
+
+WString XercesTextContent(ZuXmlNode node) {
+    const XMLCh *text = static_cast<xercesc::DOMNode *>(node)->getTextContent();
+    return text ? WString(reinterpret_cast<const ZuXmlWChar *>(text)) : WString();
+}
+
 WString XercesWriteToString(ZuXmlDocument document) {
     using namespace xercesc;
     DOMNode *root = static_cast<DOMNode *>(ZuXmlGetRootNode(document));

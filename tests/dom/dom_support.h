@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "support/files.h"
 #include "support/text.h"
@@ -77,6 +78,14 @@ inline std::optional<WString> Serialised(ZuXmlDocument document) {
 // with a fresh serializer at its defaults. Reads the root through the
 // handle (a call on it).
 WString XercesWriteToString(ZuXmlDocument document);
+
+// Node handles are Xerces' own nodes: what Xerces itself answers is the
+// reference for the text content of every kind of node.
+WString XercesTextContent(ZuXmlNode node);
+
+// Every node of the document in document order, the document node first,
+// through the interface.
+std::vector<ZuXmlNode> EveryNode(ZuXmlDocument document);
 
 // Node lookup by name below parent (NULL: the root element).
 ZuXmlNode Child(ZuXmlDocument document, ZuXmlNode parent, const char16_t *name);

@@ -235,31 +235,6 @@ TEST(TextContent, LongTextPassesWholeThroughBothForms) {
     EXPECT_EQ(narrow, text);
 }
 
-// Every node of the document in document order, through the interface.
-std::vector<ZuXmlNode> EveryNode(ZuXmlDocument document) {
-    std::vector<ZuXmlNode> nodes;
-    ZuXmlNode documentNode = ZuXmlGetParentNode(document, ZuXmlGetRootNode(document));
-    nodes.push_back(documentNode);
-    for (ZuXmlNode node = ZuXmlGetFirstChild(document, documentNode); node;) {
-        nodes.push_back(node);
-        ZuXmlNode next = ZuXmlGetFirstChild(document, node);
-        while (!next && node) {
-            next = ZuXmlGetNextSibling(document, node);
-            if (!next)
-                node = ZuXmlGetParentNode(document, node);
-        }
-        node = next;
-    }
-    return nodes;
-}
-
-// Node handles are Xerces' own nodes: what Xerces itself answers is the
-// reference for the text content of every kind of node.
-WString XercesTextContent(ZuXmlNode node) {
-    const XMLCh *text = static_cast<xercesc::DOMNode *>(node)->getTextContent();
-    return text ? WString(reinterpret_cast<const ZuXmlWChar *>(text)) : WString();
-}
-
 constexpr const char *kEveryKindOfContent =
     "<?xml version='1.0'?>\n"
     "<!DOCTYPE r [<!ENTITY plain 'entity text'><!ENTITY nested 'one <i>inner</i> &amp; two'>]>\n"

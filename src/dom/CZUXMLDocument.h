@@ -62,8 +62,16 @@ public:
     void DropKept();
     // Every entry point but WriteToString's tells the object of its call
     // through the boundary helper; what the last call kept goes then, but
-    // for a counted length, which this call may still use.
-    void OnEntry();
+    // for a counted length, which this call may still use. Most calls find
+    // nothing kept.
+    void OnEntry() {
+        if (m_pWritten || m_bCountKept) {
+            EnterWhileKeeping();
+            return;
+        }
+        m_Counted.node = nullptr;
+        m_Offered.node = nullptr;
+    }
 
     // Node reading.
     DOMNode *RootNode() const;
@@ -109,6 +117,7 @@ private:
     XMLCh *Serialise(size_t &length) const;
     void EditReaches(DOMNode *node);
     void UpdateKeeperName();
+    void EnterWhileKeeping();
     // Text that comes from the caller rather than the parser (see
     // m_bUncheckedText): set by this object's edits of its own document,
     // and on the DOM document itself for the one edit that may reach

@@ -23,7 +23,7 @@ const XMLCh kKeeperKey[] = u"zuxml-kept-for-next-call";
 
 } // namespace
 
-void CZUXMLDocument::OnEntry() {
+void CZUXMLDocument::EnterWhileKeeping() {
     DropWrittenText();
     // A length kept by the last call is this call's to use, and no later
     // call's: only what this call counts can be kept again.

@@ -2,14 +2,15 @@
 # SPDX-License-Identifier: Apache-2.0
 """Writes the benchmark documents, the same bytes on every run.
 
-    make_corpus.py OUTPUT_DIR [record|text|small]...
+    make_corpus.py [--mb N] OUTPUT_DIR [record|text|small]...
 
 record.xml  ~50 MB of records: elements with 2 to 4 attributes, prefixes and
             namespaces, short text, comments, entity and character references
             and some non-ASCII text.
 text.xml    ~50 MB of prose: long paragraphs with mixed content and CDATA.
 small.xml   ~4 KB of records, for the cost of one load or one call.
-Without names, all three are written.
+Without names, all three are written. --mb sets the size of record.xml and
+text.xml in MB (50 unless given): the same documents, ended after N MB.
 """
 import os
 import random
@@ -122,17 +123,22 @@ def text_document(path, size, seed):
 
 
 def main():
-    if len(sys.argv) < 2:
+    args = sys.argv[1:]
+    size = 50 * MB
+    if len(args) >= 2 and args[0] == "--mb":
+        size = int(args[1]) * MB
+        args = args[2:]
+    if not args:
         sys.exit(__doc__)
-    out = sys.argv[1]
-    names = sys.argv[2:] or ["record", "text", "small"]
+    out = args[0]
+    names = args[1:] or ["record", "text", "small"]
     os.makedirs(out, exist_ok=True)
     for name in names:
         path = os.path.join(out, name + ".xml")
         if name == "record":
-            record_document(path, 50 * MB, 1)
+            record_document(path, size, 1)
         elif name == "text":
-            text_document(path, 50 * MB, 2)
+            text_document(path, size, 2)
         elif name == "small":
             record_document(path, 4000, 3)
         else:

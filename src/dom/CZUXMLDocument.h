@@ -48,11 +48,11 @@ public:
     void KeepWrittenText();
     // After a successful WriteToString: its text goes.
     void DropWrittenText();
-    // After a text content read whose buffer could not take the text: the
-    // length it counted stays for the next call, so that asking for the
-    // length of an element's text and then filling a buffer of that length
-    // counts once.
-    void KeepCountedLength();
+    // After a text content read of node whose buffer could not take the
+    // text: the length counted for it stays for the next call, so that
+    // asking for the length of an element's text and then filling a buffer
+    // of that length counts once.
+    void KeepCountedLength(const DOMNode *node);
     // A WriteToString call, which does not drop its own kept text as it
     // begins, still drops a kept length.
     void DropCountedLength();
@@ -65,12 +65,10 @@ public:
     // for a counted length, which this call may still use. Most calls find
     // nothing kept.
     void OnEntry() {
-        if (m_pWritten || m_bCountKept) {
+        if (m_pWritten || m_bCountKept)
             EnterWhileKeeping();
-            return;
-        }
-        m_Counted.node = nullptr;
-        m_Offered.node = nullptr;
+        else
+            m_Counted.node = nullptr;
     }
 
     // Node reading.
@@ -134,14 +132,14 @@ private:
     XMLCh *m_pWritten = nullptr;
     size_t m_nWritten = 0;
     bool m_bWrittenKept = false;
-    // The length of an element's text content that this call counted, and
-    // the one the last call counted and kept for this one.
+    // The length of an element's text content that the last call counted
+    // and kept for this one, or that this call counted; no node when there
+    // is none.
     struct CountedText {
         const DOMNode *node = nullptr;
         size_t length = 0;
     };
     CountedText m_Counted;
-    CountedText m_Offered;
     bool m_bCountKept = false;
     // Whether the DOM document names this object as keeping something.
     bool m_bNamedKeeper = false;

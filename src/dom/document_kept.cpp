@@ -26,9 +26,9 @@ const XMLCh kKeeperKey[] = u"zuxml-kept-for-next-call";
 void CZUXMLDocument::EnterWhileKeeping() {
     DropWrittenText();
     // A length kept by the last call is this call's to use, and no later
-    // call's: only what this call counts can be kept again.
-    m_Offered = m_bCountKept ? m_Counted : CountedText{};
-    m_Counted = CountedText{};
+    // call's unless this call reads the same element and keeps it again.
+    if (!m_bCountKept)
+        m_Counted = CountedText{};
     m_bCountKept = false;
     UpdateKeeperName();
 }
@@ -49,10 +49,11 @@ void CZUXMLDocument::DropWrittenText() {
     UpdateKeeperName();
 }
 
-// Only the length of a node of this document is kept: an edit of another
-// document through its own handle would not find this object.
-void CZUXMLDocument::KeepCountedLength() {
-    if (!m_Counted.node || m_Counted.node->getOwnerDocument() != m_pDocument)
+// Only a length this call has for node is kept (not one of an element an
+// earlier call read), and only for a node of this document: an edit of
+// another document through its own handle would not find this object.
+void CZUXMLDocument::KeepCountedLength(const DOMNode *node) {
+    if (!node || m_Counted.node != node || node->getOwnerDocument() != m_pDocument)
         return;
     m_bCountKept = true;
     UpdateKeeperName();
@@ -60,7 +61,6 @@ void CZUXMLDocument::KeepCountedLength() {
 
 void CZUXMLDocument::DropCountedLength() {
     m_Counted = CountedText{};
-    m_Offered = CountedText{};
     m_bCountKept = false;
     UpdateKeeperName();
 }

@@ -33,24 +33,18 @@ bool HasContentChildren(DOMNode::NodeType type) {
     }
 }
 
-// Whether a child of that type contributes a value of its own.
-bool HasOwnValue(DOMNode::NodeType type) {
-    return type == DOMNode::TEXT_NODE || type == DOMNode::CDATA_SECTION_NODE || type == DOMNode::ATTRIBUTE_NODE;
-}
+// Whether a node of that type contributes a value of its own: text and
+// CDATA sections (an attribute, which Xerces also names, is never a child).
+bool IsText(DOMNode::NodeType type) { return type == DOMNode::TEXT_NODE || type == DOMNode::CDATA_SECTION_NODE; }
 
-// The length of a value-bearing child's value in units. A text or CDATA
-// section knows its own length, so counting never reads its units (the
-// parser refuses U+0000, and every text that reaches the DOM through
-// this library ends at its first zero unit, so that length is also the
-// length up to the terminator).
-size_t OwnLength(const DOMNode *node, DOMNode::NodeType type) {
-    if (type == DOMNode::ATTRIBUTE_NODE)
-        return XMLString::stringLen(node->getNodeValue());
-    return static_cast<const DOMCharacterData *>(node)->getLength();
-}
+// A text or CDATA section knows its own length, so counting never reads its
+// units (the parser refuses U+0000, and every text that reaches the DOM
+// through this library ends at its first zero unit, so that length is also
+// the length up to the terminator).
+size_t TextLength(const DOMNode *text) { return static_cast<const DOMCharacterData *>(text)->getLength(); }
 
-// Visits, in document order, every node below top whose value the text
-// content takes, with its type; without recursion, so depth costs no stack.
+// Visits, in document order, every text and CDATA section below top whose
+// value the text content takes; without recursion, so depth costs no stack.
 // The way back up goes through the ancestors kept on the way down: Xerces
 // answers getParentNode through a dynamic_cast, which would cost more than
 // all the rest of a short element's read. Past kKeptAncestors levels it is
@@ -69,8 +63,8 @@ template <class Visit> void ForEachContentValue(const DOMNode *top, Visit visit)
                     ancestors[depth] = node;
                 ++depth;
             }
-        } else if (HasOwnValue(type)) {
-            visit(node, type);
+        } else if (IsText(type)) {
+            visit(node);
         }
         while (!next) {
             next = node->getNextSibling();
@@ -87,14 +81,14 @@ template <class Visit> void ForEachContentValue(const DOMNode *top, Visit visit)
 
 size_t ContentLength(const DOMNode *top) {
     size_t length = 0;
-    ForEachContentValue(top, [&](const DOMNode *node, DOMNode::NodeType type) { length += OwnLength(node, type); });
+    ForEachContentValue(top, [&](const DOMNode *text) { length += TextLength(text); });
     return length;
 }
 
 void WriteContent(const void *top, XMLCh *out) {
-    ForEachContentValue(static_cast<const DOMNode *>(top), [&](const DOMNode *node, DOMNode::NodeType type) {
-        const size_t length = OwnLength(node, type);
-        std::copy_n(node->getNodeValue(), length, out);
+    ForEachContentValue(static_cast<const DOMNode *>(top), [&](const DOMNode *text) {
+        const size_t length = TextLength(text);
+        std::copy_n(text->getNodeValue(), length, out);
         out += length;
     });
 }
@@ -169,7 +163,8 @@ int32_t CZUXMLDocument::NodeTextContent(DOMNode *node, TextResult &text) {
     if (node->getNodeType() == DOMNode::ELEMENT_NODE) {
         // A length the last call kept is the length now: nothing has
         // changed the document since (document_kept.cpp).
-        m_Counted = m_Offered.node == node ? m_Offered : CountedText{node, ContentLength(node)};
+        if (m_Counted.node != node)
+            m_Counted = CountedText{node, ContentLength(node)};
         text.Defer(m_Counted.length, WriteContent, node);
     } else {
         text.View(node->getTextContent());

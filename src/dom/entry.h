@@ -60,7 +60,7 @@ template <class Deliver> int32_t ReadContent(ZuXmlDocument handle, ZuXmlNode nod
     TextResult text;
     const int32_t result = deliver(CallOnNode(handle, 0, &CZUXMLDocument::NodeTextContent, NodeOf(node), text), text);
     if (result == 0 && handle)
-        FromHandle<CZUXMLDocument>(handle)->KeepCountedLength();
+        FromHandle<CZUXMLDocument>(handle)->KeepCountedLength(NodeOf(node));
     return result;
 }
 
